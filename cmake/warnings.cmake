@@ -1,0 +1,8 @@
+# Warnings are errors, for the library, the hosts, the examples and the tests alike.
+
+add_library(gorvanet_warnings INTERFACE)
+target_compile_options(gorvanet_warnings INTERFACE
+  -Wall -Wextra -Wpedantic -Werror
+  -Wconversion -Wsign-conversion -Wshadow -Wundef -Wformat=2 -Wcast-qual
+  $<$<COMPILE_LANGUAGE:CXX>:-Wmissing-declarations -Wold-style-cast -Wnon-virtual-dtor>
+  $<$<COMPILE_LANGUAGE:C>:-Wmissing-prototypes -Wstrict-prototypes>)

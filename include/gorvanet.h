@@ -1,0 +1,312 @@
+/* libGorvanet: the bus interface "GorvaNet" of the IP-configuration service.
+ *
+ * The one public header, for the service and for its clients, in C99 and in C++.
+ *
+ * Conventions
+ *
+ * 1. Threads. There is one: the thread that runs the event loop and the middleware calls every function. The library
+ *    takes no lock. Its only state is gorvaNet_base; the record functions touch nothing but their arguments.
+ * 2. Results. 0 is success unless a function says otherwise. Failures are written to the system log.
+ * 3. Log lines. Every line goes through syslog(3) with a format that begins "[GORVANET] -> %s(%d): ", followed by the
+ *    name of the function that logs and its source line. Below, a line is quoted without that beginning and without
+ *    the line feed at its end. Priority 3 (error) unless stated; 4 (warning) where a state or flag is already as it is
+ *    being set; 0 (emergency) directly before abort(3).
+ * 4. Sizes are in bytes. A text is NUL-terminated; an array of N characters holds at most N - 1 of them and the NUL.
+ * 5. Bodies. A message body is a heap block that begins with a 32-bit magic and a 16-bit flag. Send and response
+ *    functions allocate it and hand it to the middleware, which owns it from then on, on failures too, and releases it
+ *    through the method's freeBody callback. Handlers and callbacks borrow what they are given for the length of the
+ *    call.
+ * 6. A wrong magic in the descriptor or in a body is a programming error: one line of priority 0, then abort(3).
+ */
+#ifndef GORVANET_H
+#define GORVANET_H
+
+#include <stdint.h>
+
+#define GORVANET_API __attribute__((visibility("default")))
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/* ---- The interface descriptor ------------------------------------------------------------------------------------ */
+
+#define GORVANET_MAGIC_BASE 0x24142720u
+#define GORVANET_MAGIC_CMD  0x24142721u /* the command interface block */
+#define GORVANET_MAGIC_NTFY 0x24142722u /* the notification interface block */
+#define GORVANET_MAGIC_FREE 0xdeadbeefu /* a body on its way to free(3) */
+
+#define GORVANET_STATE_BASE_WAIT_INIT 0u /* interfaces not, or not fully, registered */
+#define GORVANET_STATE_BASE_INIT      1u /* both interfaces registered, event-loop hook in place */
+
+#define GORVANET_FLAGS_BASE_REG_CMD  0x1u /* the command interface is registered with the middleware */
+#define GORVANET_FLAGS_BASE_REG_NTFY 0x2u /* the notification interface is registered */
+
+#define GORVANET_NUM_NONE 0xffffu /* message-management number of an interface that is not registered */
+
+#define GORVANET_COUNT_CMD  12 /* methods of the command interface */
+#define GORVANET_COUNT_NTFY 1  /* methods of the notification interface */
+
+/* First argument of every body callback. */
+#define GORVANET_BODY_REQUEST  0u
+#define GORVANET_BODY_RESPONSE 1u
+
+/* Any function: handlers and callbacks of all methods travel through the middleware as this type. Cast it back before
+ * the call. */
+typedef void gorvaNet_function(void);
+
+/* Receives a request or notification that arrived for a registered user. `handler` and `data` are what the user gave
+ * when it accepted the method. */
+typedef void gorvaNet_recvReq(void *message, void *body, gorvaNet_function *handler, void *data);
+
+/* The four body callbacks; see "Body callbacks" below. */
+typedef void gorvaNet_freeBody(uint32_t type, void *body);
+typedef uint32_t gorvaNet_serializeBody(uint32_t type, const void *body, void **buffer, uint32_t *size);
+typedef int32_t gorvaNet_unserializeBody(uint32_t type, const void *buffer, void **body, uint32_t *size);
+typedef void gorvaNet_logBody(uint32_t type, const void *body, uint32_t size, char **text);
+
+/* Tells the library that the middleware has dropped the interface with this message-management number. */
+typedef void gorvaNet_unreg(uint16_t number);
+
+/* Method row: what the middleware needs to know about one method. Rows never change at run time. */
+struct gorvaNet_method {
+    gorvaNet_recvReq *recvReq;
+    uint32_t reserved; /* 0 */
+    const char *name;
+    gorvaNet_freeBody *freeBody;
+    gorvaNet_serializeBody *serializeBody;
+    gorvaNet_unserializeBody *unserializeBody;
+    gorvaNet_logBody *logBody;
+    uint32_t index; /* of the method within its interface */
+};
+
+/* Interface block. Its `count` method rows follow it directly in memory. */
+struct gorvaNet_interface {
+    uint32_t magic;
+    const char *name;
+    gorvaNet_unreg *unreg;
+    uint16_t num; /* message-management number; GORVANET_NUM_NONE while not registered */
+    uint16_t count;
+};
+
+struct gorvaNet_descriptor {
+    uint32_t magic;
+    const char *name;
+    struct gorvaNet_interface cmd;
+    struct gorvaNet_method cmdMethods[GORVANET_COUNT_CMD];
+    struct gorvaNet_interface ntfy;
+    struct gorvaNet_method ntfyMethods[GORVANET_COUNT_NTFY];
+    uint32_t debug; /* stored by gorvaNet_modDebug, never read by the library */
+    uint8_t state;  /* GORVANET_STATE_BASE_* */
+    uint8_t flags;  /* GORVANET_FLAGS_BASE_* */
+};
+
+/* The one descriptor of the interface; alive, at this address, for the life of the process. */
+extern GORVANET_API struct gorvaNet_descriptor gorvaNet_base;
+
+/* ---- Lifecycle --------------------------------------------------------------------------------------------------- */
+
+/* Starts the interface: call it once per process, before anything else. The name is spelled with a lowercase "net".
+ *
+ * Result: that of gorvaNet_addBase.
+ * Log: "Add Base failed(%d)" with a result other than 0, after the lines of gorvaNet_addBase. */
+GORVANET_API uint32_t gorvanet_initialize(void);
+
+/* Registers both interfaces with the middleware and gorvaNet_cbEvtBase with the event loop.
+ *
+ * Result: 0; 1 when the middleware refuses a message-management block; 3 when the interface is started already; the
+ * event loop's own error code when it refuses the hook. Nothing is rolled back on a failure: what is registered stays
+ * registered, and the next call starts over.
+ * Log: "Check State[%s-%X] Ctx[ptr(%p) state(%X)] text[%s]" with result 3; "Add command message management failed",
+ * "Add notification message management failed" with result 1; "Add event base failed(%d)"; warnings
+ * "Set Flag[%s-%X] in ctx(%p) already set[%X] text[%s]" and "Set State[%s-%d] in ctx(%p) already set"; at priority 0
+ * "Magic[%s-%X] Ctx[ptr(%p) magic(%X)] text[%s]" before abort(3). */
+GORVANET_API uint32_t gorvaNet_addBase(void);
+
+/* Releases both registrations. The event-loop hook stays.
+ *
+ * Result: 0; 3 when the interface is not started; the middleware's own error code when it keeps a block, and then the
+ * interface stays started with what has not been released yet.
+ * Log: "Check State[%s-%X] Ctx[ptr(%p) state(%X)] text[%s]" with result 3;
+ * "Put command message management(%u) failed(%d)" (which shows the notification interface's number: kept for
+ * compatibility) and "Put notification message management(%u) failed(%d)"; warnings
+ * "Unset Flag[%s-%X] in ctx(%p) not set[%X] text[%s]" and "Set State[%s-%d] in ctx(%p) already set". */
+GORVANET_API uint32_t gorvaNet_delBase(void);
+
+/* The event loop's way in. Event 0 tears the interface down with gorvaNet_delBase; `context` is ignored.
+ *
+ * Log: "Delete Base" when that fails, after its lines; "Unknown event(%d)" for any other event. */
+GORVANET_API void gorvaNet_cbEvtBase(void *context, int32_t event);
+
+/* Does nothing. Kept because it is part of the interface. */
+GORVANET_API void gorvaNet_cbEvtMsgError(void);
+
+/* ---- Users ------------------------------------------------------------------------------------------------------- */
+
+/* Selector of gorvaNet_regUser_msgMngt and gorvaNet_unregUser_msgMngt. Any other value selects nothing. */
+#define GORVANET_SELECT_BOTH 0u /* the command interface, then the notification interface */
+#define GORVANET_SELECT_CMD  1u
+#define GORVANET_SELECT_NTFY 2u
+
+/* Attaches a middleware user to the selected interfaces. An interface that is not registered is skipped. `value` and
+ * `reference` are passed to the middleware unchanged.
+ *
+ * Result: 0 or the middleware's error code; the first failure ends the call and nothing is undone.
+ * Log: "user(%p): regUser message management failed(%d) -> num(%d) ref(%p)", with the command interface's number
+ * whichever interface failed (kept for compatibility). */
+GORVANET_API uint32_t gorvaNet_regUser_msgMngt(void *user, void *value, void *reference, uint32_t selector);
+
+/* Detaches a middleware user from the selected interfaces, as gorvaNet_regUser_msgMngt attaches it.
+ *
+ * Result: 0 or the middleware's error code.
+ * Log: "user(%p): unregUser message management failed(%d) -> num(%d)" with the number of the interface that failed. */
+GORVANET_API int32_t gorvaNet_unregUser_msgMngt(void *user, uint32_t selector);
+
+/* Asks the middleware for the users of a notification method of this interface. Of `number` the low 16 bits count; the
+ * other arguments are passed on unchanged. Result: the middleware's. Logs nothing. */
+GORVANET_API uint32_t gorvaNet_findSrvMthdNtfyUser(void *first, void *second, uint32_t number, void *fourth);
+
+/* The message-management numbers; GORVANET_NUM_NONE before the start and after a release. */
+GORVANET_API uint16_t gorvaNet_getCmdIntfNum(void);
+GORVANET_API uint16_t gorvaNet_getNtfyIntfNum(void);
+
+/* Stores a debug value in the descriptor. The library never reads it. */
+GORVANET_API void gorvaNet_modDebug(uint32_t value);
+
+/* The `unreg` callbacks of the two interface blocks: the middleware has dropped the interface. Clears its registration
+ * flag and leaves its number, so that the getters and the user functions keep seeing the old one (kept for
+ * compatibility).
+ *
+ * Log: "Message management(%d) unknown" for another number than the interface's, which changes nothing; warning
+ * "Unset Flag[%s-%X] in ctx(%p) not set[%X] text[%s]". */
+GORVANET_API void gorvaNet_cbEvtMsgMngt_unreg_msgCmd(uint16_t number);
+GORVANET_API void gorvaNet_cbEvtMsgMngt_unreg_msgNtfy(uint16_t number);
+
+/* ---- Records -----------------------------------------------------------------------------------------------------
+ *
+ * Plain structures without pointers: whoever holds one owns all of it. Members without a meaning of their own in the
+ * library are named after their wire tag. Each record has the same five functions:
+ *
+ * copy          Copies field by field, texts as strncpy(3) does, and always terminates them; a source text that fills
+ *               its array without a NUL loses its last character. Result: 0, or the first status other than 0 of a
+ *               nested copy, which is logged by the outer one. Of a list, elements beyond the count stay untouched.
+ * clean         Releases what the record owns, which is nothing; hands on to the clean of nested records. `record` may
+ *               be null.
+ * serialize_lg  Result: the exact number of bytes that serialize writes for this content.
+ * serialize     Writes the record's items at `*cursor` and moves the cursor behind them. The caller provides
+ *               serialize_lg zeroed bytes: padding is not written. Texts must be terminated.
+ *               Result: 0, or 4 with the cursor at the item that failed.
+ *               Log: "lgChainIn(%d) lgMaxChainOut(%d)", and for some records
+ *               "pBody(%p): Type(%d) -> Error Before" once for each later field.
+ * unserialize   Reads the record's items at `*cursor` and moves the cursor behind them. It is given no length: the
+ *               items must be complete. Bytes behind a text's NUL stay as they were.
+ *               Result: 0, or 4 with the cursor at the item that failed and the fields from there on as they were.
+ *               Log: "pBody(%p): Tl(%u-%u) expectded(%u)" for a wrong tag, "lgChainIn(%d) lgMaxChainOut(%d)" for a text
+ *               that does not fit, then "pBody(%p): Type(%d) -> Error Before" once for each later field.
+ */
+
+/* State and a text that goes with it. Encodes to 24 bytes at least and 68 at most. */
+struct state_info {
+    uint8_t state;
+    char info[46];
+};
+
+GORVANET_API uint32_t gorvaNet_state_info_copy(struct state_info *destination, const struct state_info *source);
+GORVANET_API void gorvaNet_state_info_clean(struct state_info *record);
+GORVANET_API uint32_t gorvaNet_state_info_serialize_lg(const struct state_info *record);
+GORVANET_API uint32_t gorvaNet_state_info_serialize(const struct state_info *record, uint8_t **cursor);
+GORVANET_API uint32_t gorvaNet_state_info_unserialize(struct state_info *record, const uint8_t **cursor);
+
+/* Outcome of a SetIPv4Address request. Encodes to 12 bytes. */
+struct ipv4_address_return {
+    uint32_t result;
+};
+
+GORVANET_API uint32_t gorvaNet_ipv4_address_return_copy(struct ipv4_address_return *destination,
+                                                        const struct ipv4_address_return *source);
+GORVANET_API void gorvaNet_ipv4_address_return_clean(struct ipv4_address_return *record);
+GORVANET_API uint32_t gorvaNet_ipv4_address_return_serialize_lg(const struct ipv4_address_return *record);
+GORVANET_API uint32_t gorvaNet_ipv4_address_return_serialize(const struct ipv4_address_return *record,
+                                                             uint8_t **cursor);
+GORVANET_API uint32_t gorvaNet_ipv4_address_return_unserialize(struct ipv4_address_return *record,
+                                                               const uint8_t **cursor);
+
+/* ---- Commands ----------------------------------------------------------------------------------------------------
+ *
+ * Each method has the same functions.
+ *
+ * sendReq (client)
+ *   Sends the request to the bus user named `server`. `callback` may be null: then no answer is awaited. `pass1` and
+ *   `pass2` are handed to the middleware unchanged. Arguments are copied into the body.
+ *   Result: the middleware's; 0 when nothing was sent, which the middleware may return too.
+ *   Log: "user(%p): UserName Null"; "Allocating Memory Ctx[%s]".
+ *
+ * <method>_response (client)
+ *   The callback for the answer. `context` is the middleware's request context, `user_data` the user data in it.
+ *   Its receiver logs, under "gorvaNet_recvRes_<method>": "Ctx[NULL] text[%s]"; at priority 0
+ *   "Check Magic[%s-%X] Ctx[ptr(%p) magic(%X)] text[%s]" before abort(3).
+ *
+ * modSrv_recvMsg (server)
+ *   Makes the user serve the method: `handler` and `data` are handed to the middleware, which gives them back to
+ *   recvReq; `value3` is handed on unchanged.
+ *   Result: 0 or the middleware's error code.
+ *   Log: "user(%p): ModCliNtfyUser failed(%d)".
+ *
+ * <method>_handler (server)
+ *   Called for each request with the message and the data given at modSrv_recvMsg. It answers through sendRes with that
+ *   message, at once or later.
+ *
+ * recvReq (called by the middleware)
+ *   Calls the handler, or without one answers at once with status 20.
+ *   Log: "Ctx[NULL] text[%s]"; at priority 0 "Check Magic[%s-%X] Ctx[ptr(%p) magic(%X)] text[%s]" before abort(3).
+ *
+ * sendRes (server)
+ *   Answers the message, once. Does nothing when the message wants no answer.
+ *   Log: "Allocating Memory Ctx[%s]".
+ *
+ * Body callbacks (called by the middleware). `type` is GORVANET_BODY_REQUEST or GORVANET_BODY_RESPONSE; any other is
+ * refused with "Type(%d) unknown", which in freeBody has no line feed. Lines about a request are logged under the
+ * callback's name with "msgCmdReq", lines about a response with "msgCmdRes". A null or foreign body gives the two lines
+ * of recvReq.
+ *
+ * freeBody         Releases a body whose flag is 0, and leaves one with another flag alone. `body` may be null for a
+ *                  request only.
+ * serializeBody    Encodes the body into a new buffer, which becomes the caller's, to be released with free(3).
+ *                  Result: 0; 1 unknown type; 4 null body, or the status of an encoder that failed; 5 no memory. On a
+ *                  failure `*buffer` and `*size` stay untouched.
+ *                  Log: "Allocating Memory N Ctx[%s]"; the lines of the records;
+ *                  "BodyReq(%p): On serialize failed(%d)".
+ * unserializeBody  Decodes a buffer into a new body, which becomes the caller's, to be released with freeBody. It is
+ *                  given no length: the items must be complete. `*size` becomes the body's size in memory. The magic
+ *                  on the wire is taken over unchecked.
+ *                  Result: 0; 1 unknown type; 2 bad prologue, or (without a log line) a version other than the
+ *                  method's; 4 bad field; 5 no memory. On a failure `*body` and `*size` stay untouched.
+ *                  Log: "Allocating Memory Ctx[%s]"; the lines of the records.
+ * logBody          Stores a new empty text, to be released with free(3), or null when there is no memory for it.
+ *                  Arguments but `text` are ignored.
+ *                  Log: "Invalid parameter" for a null `text`; "Allocating Memory N Ctx[%s]".
+ */
+
+/* SetOsIfc, command 0: names a network interface to the service; the service answers with a result.
+ * An interface name longer than 49 characters is cut without a message. */
+#define GORVANET_MAGIC_MSGCMD_SETOSIFC 0x39132011u
+
+typedef void gorvaNet_setOsIfc_response(void *context, void *user_data, uint32_t result);
+typedef void gorvaNet_setOsIfc_handler(void *message, void *data, const char *ifName);
+
+GORVANET_API uint32_t gorvaNet_sendReq_setOsIfc(void *user, gorvaNet_setOsIfc_response *callback, void *pass1,
+                                                void *pass2, const char *server, const char *ifName);
+GORVANET_API int32_t gorvaNet_modSrv_recvMsg_setOsIfc(void *user, gorvaNet_setOsIfc_handler *handler, void *data,
+                                                      void *value3);
+GORVANET_API gorvaNet_recvReq gorvaNet_recvReq_setOsIfc;
+GORVANET_API void gorvaNet_sendRes_setOsIfc(void *message, uint32_t result);
+GORVANET_API gorvaNet_freeBody gorvaNet_cbEvtMsgMngt_freeBody_msgCmd_setOsIfc;
+GORVANET_API gorvaNet_serializeBody gorvaNet_cbEvtMsgMngt_serializeBody_msgCmd_setOsIfc;
+GORVANET_API gorvaNet_unserializeBody gorvaNet_cbEvtMsgMngt_unserializeBody_msgCmd_setOsIfc;
+GORVANET_API gorvaNet_logBody gorvaNet_cbEvtMsgMngt_logBody_msgCmd_setOsIfc;
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif

@@ -1,0 +1,108 @@
+// The road that every method travels, once: what a method's source does not say is here.
+//
+// A method is a constant table of what is its own: its numbers, and for each direction the body's size in memory, its
+// fields on the wire and the names its callbacks log under. A direction without a body is left empty.
+
+#ifndef GORVANET_COMMANDS_METHOD_H
+#define GORVANET_COMMANDS_METHOD_H
+
+#include "../frame/body.h"
+#include "../frame/check.h"
+#include "../frame/middleware.h"
+#include "../records/tlv.h"
+#include "gorvanet.h"
+
+#include <cstddef>
+
+// Every encoded body opens with two numbers: tag 0, the body's magic; tag 1, the method's version.
+constexpr uint32_t prologue_size = 2 * number_item;
+
+// One direction of a method.
+struct BodyKind {
+    uint32_t size; // of the body in memory; 0: there is no such body
+    uint32_t (*length)(const void *body);
+    void (*put)(Writer &out, const void *body);
+    void (*get)(Reader &in, void *body);
+    void (*clean)(void *body); // null: nothing nested
+    const char *free_name;
+    const char *serialize_name;
+    const char *unserialize_name;
+};
+
+struct Method {
+    uint32_t index;
+    uint32_t magic;
+    const char *magic_name;
+    uint32_t accept_magic;
+    uint16_t version;
+    BodyKind request;
+    BodyKind response;
+};
+
+// Closes over the type of a body: its encoded length behind the prologue, and its fields in both directions.
+template <typename Body, uint32_t (*Length)(const Body &), void (*Put)(Writer &, const Body &),
+          void (*Get)(Reader &, Body &)>
+constexpr BodyKind body_kind(const char *free_name, const char *serialize_name, const char *unserialize_name)
+{
+    static_assert(offsetof(Body, magic) == 0 && offsetof(Body, flag) == flag_offset);
+    return {
+        .size = sizeof(Body),
+        .length = [](const void *body) { return Length(*static_cast<const Body *>(body)); },
+        .put = [](Writer &out, const void *body) { Put(out, *static_cast<const Body *>(body)); },
+        .get = [](Reader &in, void *body) { Get(in, *static_cast<Body *>(body)); },
+        .clean = nullptr,
+        .free_name = free_name,
+        .serialize_name = serialize_name,
+        .unserialize_name = unserialize_name,
+    };
+}
+
+// Handlers and callbacks travel as one generic type.
+template <typename Function> gorvaNet_function *plain(Function *function)
+{
+    return reinterpret_cast<gorvaNet_function *>(function);
+}
+
+// ---- Client and server ----------------------------------------------------------------------------------------------
+
+bool has_server(const void *user, const char *server, Where where = here());
+
+// A zeroed body with the method's magic, or null after a log line.
+void *allocate_body(const Method &method, uint32_t size, Where where = here());
+
+template <typename Body> Body *new_body(const Method &method, Where where = here())
+{
+    return static_cast<Body *>(allocate_body(method, sizeof(Body), where));
+}
+
+uint32_t send_request(const Method &method, void *user, void *body, Receiver *receiver, gorvaNet_function *callback,
+                      void *pass1, void *pass2, const char *server);
+
+// The body as the method's own type, or null after a log line; a foreign magic aborts.
+template <typename Body> Body *checked(const Method &method, void *body, Where where = here())
+{
+    if (!check_body_present(body, where))
+        return nullptr;
+    check_body_magic(body, method.magic, method.magic_name, where);
+    return static_cast<Body *>(body);
+}
+
+// Without a function to take it, answers the message (or request context) at once: nobody handles it.
+bool answer_unhandled(void *message, void *body, gorvaNet_function *function);
+
+int32_t accept(const Method &method, void *user, gorvaNet_function *handler, void *data, void *value3,
+               Where where = here());
+
+bool wants_response(void *message);
+void send_response(void *message, void *body);
+
+// ---- Body callbacks -------------------------------------------------------------------------------------------------
+
+void free_body(const Method &method, uint32_t type, void *body, Where where = here());
+uint32_t serialize_body(const Method &method, uint32_t type, const void *body, void **buffer, uint32_t *size,
+                        Where where = here());
+int32_t unserialize_body(const Method &method, uint32_t type, const void *buffer, void **body, uint32_t *size,
+                         Where where = here());
+void log_body(char **text, Where where = here());
+
+#endif

@@ -1,0 +1,208 @@
+// The encoding: cursors that write and read tagged, length-prefixed, big-endian items.
+//
+//     number   tag (4 bytes)   4 (4 bytes)        value (4 bytes)
+//     text     tag (4 bytes)   length (4 bytes)   characters, NUL, zeros up to length
+//
+// A codec is the list of its fields, one call each, in order. Failures stick: after the first one a cursor stays where
+// it is, and each later call does nothing but announce its field in the log, where the format asks for that. A codec
+// opens a cursor, lists its fields and closes the cursor, which gives the status.
+//
+// Each call takes its own source line for the log from `line`; give it one line of source, and never an argument.
+
+#ifndef GORVANET_RECORDS_TLV_H
+#define GORVANET_RECORDS_TLV_H
+
+#include <cstdint>
+#include <cstring>
+
+constexpr uint32_t header_size = 8;               // tag and length
+constexpr uint32_t number_item = header_size + 4; // encoded size of a number
+constexpr uint32_t bad_field = 4;                 // status of a field that cannot be encoded or decoded
+
+// Value length of a text of `size` bytes, NUL included: rounded down to a multiple of 4, plus 4. So 1 to 4 zero bytes
+// follow the NUL, and 4 where none would do: kept for compatibility. Wraps to 0 for sizes that no text has.
+constexpr uint32_t chain_length(uint32_t size)
+{
+    return (size & ~uint32_t{3}) + 4;
+}
+
+// Bytes of a text and its NUL.
+inline uint32_t text_size(const char *text)
+{
+    return static_cast<uint32_t>(strlen(text)) + 1;
+}
+
+// Encoded size of a text.
+inline uint32_t text_item(const char *text)
+{
+    return header_size + chain_length(text_size(text));
+}
+
+inline uint32_t load_u32(const uint8_t *at)
+{
+    return uint32_t{at[0]} << 24 | uint32_t{at[1]} << 16 | uint32_t{at[2]} << 8 | uint32_t{at[3]};
+}
+
+inline void store_u32(uint8_t *at, uint32_t value)
+{
+    at[0] = static_cast<uint8_t>(value >> 24);
+    at[1] = static_cast<uint8_t>(value >> 16);
+    at[2] = static_cast<uint8_t>(value >> 8);
+    at[3] = static_cast<uint8_t>(value);
+}
+
+// Copies a text of known size, NUL included.
+inline void copy_bytes(void *to, const void *from, uint32_t size)
+{
+    auto *target = static_cast<char *>(to);
+    auto *source = static_cast<const char *>(from);
+    for (uint32_t i = 0; i < size; i++)
+        target[i] = source[i];
+}
+
+// Copies a text between two arrays of the same capacity: the rest is zeroed, and the last byte is always a NUL.
+template <uint32_t Capacity> void copy_text(char (&to)[Capacity], const char *from)
+{
+    strncpy(to, from, Capacity);
+    to[Capacity - 1] = '\0';
+}
+
+// What a failure leaves in the log. `start` is where the codec began. The two that end a codec's work return bad_field.
+[[gnu::cold, gnu::noinline]] void announce(const char *function, int line, const void *start, uint32_t tag);
+[[gnu::cold, gnu::noinline]] uint32_t refuse_tag(const char *function, int line, const void *start, const uint8_t *item,
+                                                 uint32_t tag);
+[[gnu::cold, gnu::noinline]] uint32_t refuse_text(const char *function, int line, uint32_t size, uint32_t room);
+
+// ---- Writing --------------------------------------------------------------------------------------------------------
+
+struct Writer {
+    uint8_t *at;          // where the next item goes
+    uint8_t *start;       // where the codec began
+    uint8_t **cursor;     // the caller's cursor, which nested records move
+    const char *function; // name in the log
+    uint32_t status;      // 0 until something fails
+};
+
+inline Writer open_writer(uint8_t **cursor, const char *function = __builtin_FUNCTION())
+{
+    return {*cursor, *cursor, cursor, function, 0};
+}
+
+inline uint32_t close_writer(const Writer &out)
+{
+    *out.cursor = out.at;
+    return out.status;
+}
+
+inline void put_u32(Writer &out, uint32_t tag, uint32_t value, int line = __builtin_LINE())
+{
+    if (out.status) {
+        announce(out.function, line, out.start, tag);
+        return;
+    }
+    store_u32(out.at, tag);
+    store_u32(out.at + 4, 4);
+    store_u32(out.at + header_size, value);
+    out.at += number_item;
+}
+
+// Zero-extended.
+inline void put_u8(Writer &out, uint32_t tag, uint8_t value, int line = __builtin_LINE())
+{
+    put_u32(out, tag, value, line);
+}
+
+// The padding behind the NUL is left as the buffer holds it, which is zero. Texts do not announce themselves.
+inline void put_text(Writer &out, uint32_t tag, const char *text, int line = __builtin_LINE())
+{
+    if (out.status)
+        return;
+    uint32_t size = text_size(text);
+    uint32_t length = chain_length(size);
+    if (size > length) {
+        out.status = refuse_text(out.function, line, size, length);
+        return;
+    }
+    store_u32(out.at, tag);
+    store_u32(out.at + 4, length);
+    copy_bytes(out.at + header_size, text, size);
+    out.at += header_size + length;
+}
+
+// ---- Reading --------------------------------------------------------------------------------------------------------
+
+struct Reader {
+    const uint8_t *at;      // the next item
+    const uint8_t *start;   // where the codec began
+    const uint8_t **cursor; // the caller's cursor, which nested records move
+    const char *function;   // name in the log
+    uint32_t status;        // 0 until something fails
+};
+
+inline Reader open_reader(const uint8_t **cursor, const char *function = __builtin_FUNCTION())
+{
+    return {*cursor, *cursor, cursor, function, 0};
+}
+
+inline uint32_t close_reader(const Reader &in)
+{
+    *in.cursor = in.at;
+    return in.status;
+}
+
+// Does the item here carry this tag? Refuses it if not; announces the field if an earlier one has failed.
+inline bool expect(Reader &in, uint32_t tag, int line)
+{
+    if (in.status) {
+        announce(in.function, line, in.start, tag);
+        return false;
+    }
+    if (load_u32(in.at) != tag) {
+        in.status = refuse_tag(in.function, line, in.start, in.at, tag);
+        return false;
+    }
+    return true;
+}
+
+// Moves to the next item. The length is the sender's and is never compared with the one that the field implies; the
+// sum may wrap, so it is made in integers.
+inline void advance(Reader &in)
+{
+    uintptr_t next = reinterpret_cast<uintptr_t>(in.at) + (header_size + load_u32(in.at + 4));
+    in.at = reinterpret_cast<const uint8_t *>(next);
+}
+
+inline void get_u32(Reader &in, uint32_t tag, uint32_t &field, int line = __builtin_LINE())
+{
+    if (!expect(in, tag, line))
+        return;
+    field = load_u32(in.at + header_size);
+    advance(in);
+}
+
+// The low 8 bits; no range check.
+inline void get_u8(Reader &in, uint32_t tag, uint8_t &field, int line = __builtin_LINE())
+{
+    if (!expect(in, tag, line))
+        return;
+    field = static_cast<uint8_t>(load_u32(in.at + header_size));
+    advance(in);
+}
+
+// The text ends at its NUL, whatever the item's length. Bytes of the field behind the NUL stay as they are.
+template <uint32_t Capacity>
+void get_text(Reader &in, uint32_t tag, char (&field)[Capacity], int line = __builtin_LINE())
+{
+    if (!expect(in, tag, line))
+        return;
+    auto *text = reinterpret_cast<const char *>(in.at + header_size);
+    uint32_t size = text_size(text);
+    if (size > Capacity) {
+        in.status = refuse_text(in.function, line, size, Capacity);
+        return;
+    }
+    copy_bytes(field, text, size);
+    advance(in);
+}
+
+#endif
