@@ -20,7 +20,7 @@ template <typename Signature> class Interposed;
 
 template <typename Result, typename... Arguments> class Interposed<Result(Arguments...)> {
 public:
-    explicit Interposed(const char *name) : name(name)
+    explicit Interposed(const char *name) : symbol(name)
     {
     }
 
@@ -33,14 +33,14 @@ public:
     // The library's own definition.
     Result original(Arguments... arguments)
     {
-        return reinterpret_cast<Result (*)(Arguments...)>(dlsym(RTLD_NEXT, name))(arguments...);
+        return reinterpret_cast<Result (*)(Arguments...)>(dlsym(RTLD_NEXT, symbol))(arguments...);
     }
 
     std::function<Result(Arguments...)> instead;
     unsigned calls = 0;
 
 private:
-    const char *name;
+    const char *symbol;
 };
 
 #endif
