@@ -231,6 +231,195 @@ GORVANET_API uint32_t gorvaNet_ipv4_address_return_serialize(const struct ipv4_a
 GORVANET_API uint32_t gorvaNet_ipv4_address_return_unserialize(struct ipv4_address_return *record,
                                                                const uint8_t **cursor);
 
+/* Interface configuration: three numbers and two texts. Encodes to 60 bytes at least and 572 at most. */
+struct intfConf {
+    uint32_t field3;
+    uint32_t field4;
+    uint32_t field5;
+    char field6[256];
+    char field7[256];
+};
+
+GORVANET_API uint32_t gorvaNet_intfConf_copy(struct intfConf *destination, const struct intfConf *source);
+GORVANET_API void gorvaNet_intfConf_clean(struct intfConf *record);
+GORVANET_API uint32_t gorvaNet_intfConf_serialize_lg(const struct intfConf *record);
+GORVANET_API uint32_t gorvaNet_intfConf_serialize(const struct intfConf *record, uint8_t **cursor);
+GORVANET_API uint32_t gorvaNet_intfConf_unserialize(struct intfConf *record, const uint8_t **cursor);
+
+/* One IPv6 prefix. Encodes to 120 bytes at least and 312 at most. */
+struct ipv6_prefix {
+    char field3[46]; /* prefix */
+    uint32_t field4;
+    uint32_t field5;
+    uint32_t field6;
+    uint32_t field7;
+    uint32_t field8;
+    uint32_t field9;
+    uint32_t field10;
+    char field11[150];
+    uint8_t field12;
+};
+
+GORVANET_API uint32_t gorvaNet_ipv6_prefix_copy(struct ipv6_prefix *destination, const struct ipv6_prefix *source);
+GORVANET_API void gorvaNet_ipv6_prefix_clean(struct ipv6_prefix *record);
+GORVANET_API uint32_t gorvaNet_ipv6_prefix_serialize_lg(const struct ipv6_prefix *record);
+GORVANET_API uint32_t gorvaNet_ipv6_prefix_serialize(const struct ipv6_prefix *record, uint8_t **cursor);
+GORVANET_API uint32_t gorvaNet_ipv6_prefix_unserialize(struct ipv6_prefix *record, const uint8_t **cursor);
+
+/* An IPv6 prefix with two texts of configuration. Encodes to 144 bytes at least and 496 at most. */
+struct ipv6_prefix_config {
+    char field3[80];
+    char field4[80];
+    struct ipv6_prefix prefix;
+};
+
+GORVANET_API uint32_t gorvaNet_ipv6_prefix_config_copy(struct ipv6_prefix_config *destination,
+                                                       const struct ipv6_prefix_config *source);
+GORVANET_API void gorvaNet_ipv6_prefix_config_clean(struct ipv6_prefix_config *record);
+GORVANET_API uint32_t gorvaNet_ipv6_prefix_config_serialize_lg(const struct ipv6_prefix_config *record);
+GORVANET_API uint32_t gorvaNet_ipv6_prefix_config_serialize(const struct ipv6_prefix_config *record, uint8_t **cursor);
+GORVANET_API uint32_t gorvaNet_ipv6_prefix_config_unserialize(struct ipv6_prefix_config *record,
+                                                              const uint8_t **cursor);
+
+/* A list of IPv6 prefixes. Encodes to 12 bytes at least and 3132 at most. */
+struct ipv6_prefixes {
+    uint32_t field3; /* number of valid prefixes; not bounded, but 10 at most are used */
+    struct ipv6_prefix prefixes[10];
+};
+
+GORVANET_API uint32_t gorvaNet_ipv6_prefixes_copy(struct ipv6_prefixes *destination,
+                                                  const struct ipv6_prefixes *source);
+GORVANET_API void gorvaNet_ipv6_prefixes_clean(struct ipv6_prefixes *record);
+GORVANET_API uint32_t gorvaNet_ipv6_prefixes_serialize_lg(const struct ipv6_prefixes *record);
+GORVANET_API uint32_t gorvaNet_ipv6_prefixes_serialize(const struct ipv6_prefixes *record, uint8_t **cursor);
+GORVANET_API uint32_t gorvaNet_ipv6_prefixes_unserialize(struct ipv6_prefixes *record, const uint8_t **cursor);
+
+/* One IPv6 address. Encodes to 60 bytes at least and 104 at most. There is no tag 4. */
+struct ipv6_address {
+    char field3[46]; /* address */
+    uint32_t field5;
+    uint32_t field6;
+    uint32_t field7;
+    uint32_t field8;
+};
+
+GORVANET_API uint32_t gorvaNet_ipv6_address_copy(struct ipv6_address *destination, const struct ipv6_address *source);
+GORVANET_API void gorvaNet_ipv6_address_clean(struct ipv6_address *record);
+GORVANET_API uint32_t gorvaNet_ipv6_address_serialize_lg(const struct ipv6_address *record);
+GORVANET_API uint32_t gorvaNet_ipv6_address_serialize(const struct ipv6_address *record, uint8_t **cursor);
+GORVANET_API uint32_t gorvaNet_ipv6_address_unserialize(struct ipv6_address *record, const uint8_t **cursor);
+
+/* A configured IPv6 prefix with an address. Encodes to 204 bytes at least and 600 at most. */
+struct ipv6_prefix_addr_conf {
+    struct ipv6_prefix_config config;
+    struct ipv6_address address;
+};
+
+GORVANET_API uint32_t gorvaNet_ipv6_prefix_addr_conf_copy(struct ipv6_prefix_addr_conf *destination,
+                                                          const struct ipv6_prefix_addr_conf *source);
+GORVANET_API void gorvaNet_ipv6_prefix_addr_conf_clean(struct ipv6_prefix_addr_conf *record);
+GORVANET_API uint32_t gorvaNet_ipv6_prefix_addr_conf_serialize_lg(const struct ipv6_prefix_addr_conf *record);
+GORVANET_API uint32_t gorvaNet_ipv6_prefix_addr_conf_serialize(const struct ipv6_prefix_addr_conf *record,
+                                                               uint8_t **cursor);
+GORVANET_API uint32_t gorvaNet_ipv6_prefix_addr_conf_unserialize(struct ipv6_prefix_addr_conf *record,
+                                                                 const uint8_t **cursor);
+
+/* A list of them. Encodes to 12 bytes at least and 3012 at most. */
+struct ipv6_prefix_addr_conf_list {
+    uint32_t field3; /* number of valid confs; not bounded, but 5 at most are used */
+    struct ipv6_prefix_addr_conf confs[5];
+};
+
+GORVANET_API uint32_t gorvaNet_ipv6_prefix_addr_conf_list_copy(struct ipv6_prefix_addr_conf_list *destination,
+                                                               const struct ipv6_prefix_addr_conf_list *source);
+GORVANET_API void gorvaNet_ipv6_prefix_addr_conf_list_clean(struct ipv6_prefix_addr_conf_list *record);
+GORVANET_API uint32_t gorvaNet_ipv6_prefix_addr_conf_list_serialize_lg(const struct ipv6_prefix_addr_conf_list *record);
+GORVANET_API uint32_t gorvaNet_ipv6_prefix_addr_conf_list_serialize(const struct ipv6_prefix_addr_conf_list *record,
+                                                                    uint8_t **cursor);
+GORVANET_API uint32_t gorvaNet_ipv6_prefix_addr_conf_list_unserialize(struct ipv6_prefix_addr_conf_list *record,
+                                                                      const uint8_t **cursor);
+
+/* The IPv6 state of an interface. Encodes to 156 bytes at least. Counts are not bounded, but of each array no more than
+ * its elements are used. */
+struct ipv6_properties {
+    int8_t field3;
+    int8_t field4;
+    int8_t field5;
+    int8_t field6;
+    char field7[50];
+    char field8[50];
+    char field9[50];
+    uint32_t field10; /* number of valid addresses in field11 */
+    struct ipv6_address field11[2];
+    uint32_t field12; /* number of valid addresses in field13 */
+    struct ipv6_address field13[2];
+    uint32_t field14; /* number of valid addresses in field15 */
+    struct ipv6_address field15[10];
+    char field16[46];
+    uint32_t field17; /* number of valid prefixes in field18 */
+    struct ipv6_prefix field18[10];
+    char field19[256];
+};
+
+GORVANET_API uint32_t gorvaNet_ipv6_properties_copy(struct ipv6_properties *destination,
+                                                    const struct ipv6_properties *source);
+GORVANET_API void gorvaNet_ipv6_properties_clean(struct ipv6_properties *record);
+GORVANET_API uint32_t gorvaNet_ipv6_properties_serialize_lg(const struct ipv6_properties *record);
+GORVANET_API uint32_t gorvaNet_ipv6_properties_serialize(const struct ipv6_properties *record, uint8_t **cursor);
+GORVANET_API uint32_t gorvaNet_ipv6_properties_unserialize(struct ipv6_properties *record, const uint8_t **cursor);
+
+/* Two texts of an IPv4 state. Encodes to 24 bytes at least and 188 at most. */
+struct ipv4_info {
+    char field3[16]; /* sized for a dotted-decimal address */
+    char field4[150];
+};
+
+GORVANET_API uint32_t gorvaNet_ipv4_info_copy(struct ipv4_info *destination, const struct ipv4_info *source);
+GORVANET_API void gorvaNet_ipv4_info_clean(struct ipv4_info *record);
+GORVANET_API uint32_t gorvaNet_ipv4_info_serialize_lg(const struct ipv4_info *record);
+GORVANET_API uint32_t gorvaNet_ipv4_info_serialize(const struct ipv4_info *record, uint8_t **cursor);
+GORVANET_API uint32_t gorvaNet_ipv4_info_unserialize(struct ipv4_info *record, const uint8_t **cursor);
+
+/* The IPv4 state of an interface. Encodes to 120 bytes at least and 4312 at most. */
+struct ipv4_properties {
+    int8_t field3;
+    char field4[50];
+    char field5[50];
+    uint32_t field6;
+    char field7[16]; /* sized for a dotted-decimal address, as the next two */
+    char field8[16];
+    char field9[16];
+    char field10[33];
+    char field11[256];
+    uint32_t infoCount; /* number of valid infos; not bounded, but 20 at most are used */
+    struct ipv4_info infos[20];
+};
+
+GORVANET_API uint32_t gorvaNet_ipv4_properties_copy(struct ipv4_properties *destination,
+                                                    const struct ipv4_properties *source);
+GORVANET_API void gorvaNet_ipv4_properties_clean(struct ipv4_properties *record);
+GORVANET_API uint32_t gorvaNet_ipv4_properties_serialize_lg(const struct ipv4_properties *record);
+GORVANET_API uint32_t gorvaNet_ipv4_properties_serialize(const struct ipv4_properties *record, uint8_t **cursor);
+GORVANET_API uint32_t gorvaNet_ipv4_properties_unserialize(struct ipv4_properties *record, const uint8_t **cursor);
+
+/* An IPv4 address with what goes with it. Encodes to 96 bytes at least and 208 at most. */
+struct ipv4_address {
+    uint32_t field3;
+    uint32_t field4;
+    uint8_t field5;
+    char field6[33];
+    char field7[16]; /* sized for a dotted-decimal address, as the next two */
+    char field8[16];
+    char field9[16];
+    char field10[33];
+};
+
+GORVANET_API uint32_t gorvaNet_ipv4_address_copy(struct ipv4_address *destination, const struct ipv4_address *source);
+GORVANET_API void gorvaNet_ipv4_address_clean(struct ipv4_address *record);
+GORVANET_API uint32_t gorvaNet_ipv4_address_serialize_lg(const struct ipv4_address *record);
+GORVANET_API uint32_t gorvaNet_ipv4_address_serialize(const struct ipv4_address *record, uint8_t **cursor);
+GORVANET_API uint32_t gorvaNet_ipv4_address_unserialize(struct ipv4_address *record, const uint8_t **cursor);
+
 /* ---- Commands ----------------------------------------------------------------------------------------------------
  *
  * Each method has the same functions.

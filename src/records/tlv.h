@@ -112,6 +112,12 @@ inline void put_u8(Writer &out, uint32_t tag, uint8_t value, int line = __builti
     put_u32(out, tag, value, line);
 }
 
+// Sign-extended.
+inline void put_s8(Writer &out, uint32_t tag, int8_t value, int line = __builtin_LINE())
+{
+    put_u32(out, tag, static_cast<uint32_t>(int32_t{value}), line);
+}
+
 // The padding behind the NUL is left as the buffer holds it, which is zero. Texts do not announce themselves.
 inline void put_text(Writer &out, uint32_t tag, const char *text, int line = __builtin_LINE())
 {
@@ -127,6 +133,35 @@ inline void put_text(Writer &out, uint32_t tag, const char *text, int line = __b
     store_u32(out.at + 4, length);
     copy_bytes(out.at + header_size, text, size);
     out.at += header_size + length;
+}
+
+// The one text that does: kept for compatibility.
+inline void put_announced_text(Writer &out, uint32_t tag, const char *text, int line = __builtin_LINE())
+{
+    if (out.status)
+        announce(out.function, line, out.start, tag);
+    else
+        put_text(out, tag, text, line);
+}
+
+// Nested records are written inline, by their own encoder on the caller's cursor. They do not announce themselves.
+template <typename Record>
+void put_record(Writer &out, const Record &record, uint32_t (*serialize)(const Record *, uint8_t **))
+{
+    if (out.status)
+        return;
+    *out.cursor = out.at;
+    out.status = serialize(&record, out.cursor);
+    out.at = *out.cursor;
+}
+
+// The valid elements of a list, behind its count: at most the array's capacity, whatever the count says.
+template <typename Record, uint32_t Capacity>
+void put_list(Writer &out, const uint32_t &count, const Record (&records)[Capacity],
+              uint32_t (*serialize)(const Record *, uint8_t **))
+{
+    for (uint32_t i = 0; i < count && i < Capacity; i++)
+        put_record(out, records[i], serialize);
 }
 
 // ---- Reading --------------------------------------------------------------------------------------------------------
@@ -189,6 +224,14 @@ inline void get_u8(Reader &in, uint32_t tag, uint8_t &field, int line = __builti
     advance(in);
 }
 
+inline void get_s8(Reader &in, uint32_t tag, int8_t &field, int line = __builtin_LINE())
+{
+    if (!expect(in, tag, line))
+        return;
+    field = static_cast<int8_t>(load_u32(in.at + header_size));
+    advance(in);
+}
+
 // The text ends at its NUL, whatever the item's length. Bytes of the field behind the NUL stay as they are.
 template <uint32_t Capacity>
 void get_text(Reader &in, uint32_t tag, char (&field)[Capacity], int line = __builtin_LINE())
@@ -203,6 +246,57 @@ void get_text(Reader &in, uint32_t tag, char (&field)[Capacity], int line = __bu
     }
     copy_bytes(field, text, size);
     advance(in);
+}
+
+// Nested records are read by their own decoder on the caller's cursor. They do not announce themselves.
+template <typename Record>
+void get_record(Reader &in, Record &record, uint32_t (*unserialize)(Record *, const uint8_t **))
+{
+    if (in.status)
+        return;
+    *in.cursor = in.at;
+    in.status = unserialize(&record, in.cursor);
+    in.at = *in.cursor;
+}
+
+// The count has been stored as received; it bounds the elements together with the array's capacity, and is read again
+// before each of them.
+template <typename Record, uint32_t Capacity>
+void get_list(Reader &in, const uint32_t &count, Record (&records)[Capacity],
+              uint32_t (*unserialize)(Record *, const uint8_t **))
+{
+    for (uint32_t i = 0; i < count && i < Capacity; i++)
+        get_record(in, records[i], unserialize);
+}
+
+// ---- The other operations, for lists --------------------------------------------------------------------------------
+
+// Encoded size of the valid elements.
+template <typename Record, uint32_t Capacity>
+uint32_t list_items(const uint32_t &count, const Record (&records)[Capacity], uint32_t (*serialize_lg)(const Record *))
+{
+    uint32_t size = 0;
+    for (uint32_t i = 0; i < count && i < Capacity; i++)
+        size += serialize_lg(&records[i]);
+    return size;
+}
+
+// Stops at the first element that fails; gives its status.
+template <typename Record, uint32_t Capacity>
+uint32_t copy_list(Record (&to)[Capacity], const uint32_t &count, const Record (&from)[Capacity],
+                   uint32_t (*copy)(Record *, const Record *))
+{
+    uint32_t status = 0;
+    for (uint32_t i = 0; i < count && i < Capacity && !status; i++)
+        status = copy(&to[i], &from[i]);
+    return status;
+}
+
+template <typename Record, uint32_t Capacity>
+void clean_list(const uint32_t &count, Record (&records)[Capacity], void (*clean)(Record *))
+{
+    for (uint32_t i = 0; i < count && i < Capacity; i++)
+        clean(&records[i]);
 }
 
 #endif
