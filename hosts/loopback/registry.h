@@ -1,0 +1,98 @@
+// Who is on the bus: the registered interfaces, the users, and what each user accepts. Nothing here knows how messages
+// travel.
+
+#ifndef GORVANET_LOOPBACK_REGISTRY_H
+#define GORVANET_LOOPBACK_REGISTRY_H
+
+#include "body.h"
+#include "handle.h"
+#include "middleware.h"
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace loopback {
+
+// ---- Interfaces -----------------------------------------------------------------------------------------------------
+
+struct Interface {
+    uint16_t number;
+    std::string name;
+    uint32_t count; // of method records behind the head
+    std::unique_ptr<MessageManagement, Free> block;
+};
+
+// Result: the registered interface, with an empty block; null when all numbers are in use.
+Interface *register_interface(const char *name, uint32_t count);
+Interface *find_interface(uint32_t number);
+Interface *find_interface(const std::string &name);
+
+// Result: the head of the block as it was, so that the caller can still call its unreg. The users lose their
+// attachments and what they accepted of this interface.
+MessageManagement release_interface(Interface &interface);
+
+// The number of any registered interface; 0 when there is none.
+uint16_t any_registered_number();
+
+// The words of a method that its bodies need, or null after a misuse report on behalf of `caller`.
+const MethodRecord *find_method(const Interface &interface, uint32_t method, const char *caller);
+
+// The rows of an interface block follow it in memory.
+inline const gorvaNet_method *method_rows(const gorvaNet_interface &block)
+{
+    return reinterpret_cast<const gorvaNet_method *>(&block + 1);
+}
+
+// ---- Users ----------------------------------------------------------------------------------------------------------
+
+// A method that a user accepts: value 1 is the handler, value 2 its data, value 3 is kept.
+struct Accepted {
+    uint16_t number; // of the interface
+    uint32_t method;
+    std::string from; // the notifying user; empty for a command
+    const gorvaNet_interface *block;
+    gorvaNet_function *handler;
+    void *data;
+    void *value3;
+};
+
+struct Attachment {
+    uint16_t number; // of the interface
+    void *value;
+    void *reference;
+};
+
+struct User {
+    uint32_t number;
+    std::string name;
+    std::vector<Attachment> attachments;
+    std::vector<Accepted> accepted;
+
+    void *handle() const
+    {
+        return to_handle(HandleKind::user, number);
+    }
+    void *core_handle() const
+    {
+        return to_handle(HandleKind::core_user, number);
+    }
+    bool is_attached(uint32_t interface_number) const;
+    bool accepts(uint16_t interface_number, uint32_t method) const; // from whomever
+    const Accepted *find_accepted(uint16_t interface_number, uint32_t method, const std::string &from) const;
+    void attach(const Attachment &attachment);
+    void detach(uint16_t interface_number);
+    void accept(const Accepted &accepted);
+};
+
+User *add_user(const std::string &name);
+void remove_user(User &user);
+User *find_user(uint32_t number);
+User *find_user(const std::string &name);
+const std::map<uint32_t, User> &users();
+
+} // namespace loopback
+
+#endif
