@@ -463,17 +463,20 @@ GORVANET_API uint32_t gorvaNet_ipv4_address_unserialize(struct ipv4_address *rec
  * serializeBody    Encodes the body into a new buffer, which becomes the caller's, to be released with free(3).
  *                  Result: 0; 1 unknown type; 4 null body, or the status of an encoder that failed; 5 no memory. On a
  *                  failure `*buffer` and `*size` stay untouched.
- *                  Log: "Allocating Memory N Ctx[%s]"; the lines of the records;
- *                  "BodyReq(%p): On serialize failed(%d)".
- * unserializeBody  Decodes a buffer into a new body, which becomes the caller's, to be released with freeBody. It is
- *                  given no length: the items must be complete. `*size` becomes the body's size in memory. The magic
- *                  on the wire is taken over unchecked.
- *                  Result: 0; 1 unknown type; 2 bad prologue, or (without a log line) a version other than the
- *                  method's; 4 bad field; 5 no memory. On a failure `*body` and `*size` stay untouched.
- *                  Log: "Allocating Memory Ctx[%s]"; the lines of the records.
- * logBody          Stores a new empty text, to be released with free(3), or null when there is no memory for it.
- *                  Arguments but `text` are ignored.
- *                  Log: "Invalid parameter" for a null `text`; "Allocating Memory N Ctx[%s]".
+ *                  Log: "Allocating Memory N Ctx[%s]"; the lines of the records; "BodyReq(%p): On serialize failed(%d)"
+ *                  for a request, "pBodyReq(%p): On serialize failed(%d)" for a response. The buffer is not released
+ * then (kept for compatibility). unserializeBody  Decodes a buffer into a new body, which becomes the caller's, to be
+ * released with freeBody. It is given no length: the items must be complete. `*size` becomes the body's size in memory.
+ * The magic on the wire is taken over unchecked. Result: 0; 1 unknown type; 2 bad prologue, or (without a log line) a
+ * version other than the method's; 4 bad field; 5 no memory. On a failure `*body` and `*size` stay untouched. Log:
+ * "Allocating Memory Ctx[%s]"; the lines of the records. logBody          Stores a new empty text, to be released with
+ * free(3), or null when there is no memory for it. Arguments but `text` are ignored. Log: "Invalid parameter" for a
+ * null `text`; "Allocating Memory N Ctx[%s]".
+ *
+ * One-way methods (AskStateRenotification, Configure, ConfigureAllIPv6Intf) have no response: no callback and no
+ * sendRes. Their sendReq has one value for the middleware, `pass`, where that of the others has `pass2`. Their body
+ * callbacks refuse the response type with "No free body response process", "No Serialize response process" and "No
+ * Unserialize response process", the latter two with result 1.
  */
 
 /* SetOsIfc, command 0: names a network interface to the service; the service answers with a result.
@@ -493,6 +496,258 @@ GORVANET_API gorvaNet_freeBody gorvaNet_cbEvtMsgMngt_freeBody_msgCmd_setOsIfc;
 GORVANET_API gorvaNet_serializeBody gorvaNet_cbEvtMsgMngt_serializeBody_msgCmd_setOsIfc;
 GORVANET_API gorvaNet_unserializeBody gorvaNet_cbEvtMsgMngt_unserializeBody_msgCmd_setOsIfc;
 GORVANET_API gorvaNet_logBody gorvaNet_cbEvtMsgMngt_logBody_msgCmd_setOsIfc;
+
+/* SetDhcp, command 1: sets the DHCP setting of a network interface; the service answers without a value.
+ * An interface name longer than 49 characters is cut without a message. */
+#define GORVANET_MAGIC_MSGCMD_SETDHCP 0x39132011u
+
+typedef void gorvaNet_setDhcp_response(void *context, void *user_data);
+typedef void gorvaNet_setDhcp_handler(void *message, void *data, const char *ifName, uint32_t dhcp);
+
+GORVANET_API uint32_t gorvaNet_sendReq_setDhcp(void *user, gorvaNet_setDhcp_response *callback, void *pass1,
+                                               void *pass2, const char *server, const char *ifName, uint32_t dhcp);
+GORVANET_API int32_t gorvaNet_modSrv_recvMsg_setDhcp(void *user, gorvaNet_setDhcp_handler *handler, void *data,
+                                                     void *value3);
+GORVANET_API gorvaNet_recvReq gorvaNet_recvReq_setDhcp;
+GORVANET_API void gorvaNet_sendRes_setDhcp(void *message);
+GORVANET_API gorvaNet_freeBody gorvaNet_cbEvtMsgMngt_freeBody_msgCmd_setDhcp;
+GORVANET_API gorvaNet_serializeBody gorvaNet_cbEvtMsgMngt_serializeBody_msgCmd_setDhcp;
+GORVANET_API gorvaNet_unserializeBody gorvaNet_cbEvtMsgMngt_unserializeBody_msgCmd_setDhcp;
+GORVANET_API gorvaNet_logBody gorvaNet_cbEvtMsgMngt_logBody_msgCmd_setDhcp;
+
+/* SetRdisc6, command 2: asks for IPv6 router discovery on a network interface; the service answers without a
+ * value. An interface name longer than 49 characters is cut without a message. */
+#define GORVANET_MAGIC_MSGCMD_SETRDISC6 0x34132011u
+
+typedef void gorvaNet_setRdisc6_response(void *context, void *user_data);
+typedef void gorvaNet_setRdisc6_handler(void *message, void *data, const char *ifName);
+
+GORVANET_API uint32_t gorvaNet_sendReq_setRdisc6(void *user, gorvaNet_setRdisc6_response *callback, void *pass1,
+                                                 void *pass2, const char *server, const char *ifName);
+GORVANET_API int32_t gorvaNet_modSrv_recvMsg_setRdisc6(void *user, gorvaNet_setRdisc6_handler *handler, void *data,
+                                                       void *value3);
+GORVANET_API gorvaNet_recvReq gorvaNet_recvReq_setRdisc6;
+GORVANET_API void gorvaNet_sendRes_setRdisc6(void *message);
+GORVANET_API gorvaNet_freeBody gorvaNet_cbEvtMsgMngt_freeBody_msgCmd_setRdisc6;
+GORVANET_API gorvaNet_serializeBody gorvaNet_cbEvtMsgMngt_serializeBody_msgCmd_setRdisc6;
+GORVANET_API gorvaNet_unserializeBody gorvaNet_cbEvtMsgMngt_unserializeBody_msgCmd_setRdisc6;
+GORVANET_API gorvaNet_logBody gorvaNet_cbEvtMsgMngt_logBody_msgCmd_setRdisc6;
+
+/* GetIPv4Props, command 3: asks for the IPv4 properties; the service answers with them and a result. `properties` is
+ * borrowed in the callback and copied in sendRes.
+ * Log of sendRes: "Copy ipv4_properties failed"; the answer is sent all the same. */
+#define GORVANET_MAGIC_MSGCMD_GETIPV4PROPS 0x23331110u
+
+typedef void gorvaNet_getIPv4Props_response(void *context, void *user_data, const struct ipv4_properties *properties,
+                                            uint32_t result);
+typedef void gorvaNet_getIPv4Props_handler(void *message, void *data);
+
+GORVANET_API uint32_t gorvaNet_sendReq_getIPv4Props(void *user, gorvaNet_getIPv4Props_response *callback, void *pass1,
+                                                    void *pass2, const char *server);
+GORVANET_API int32_t gorvaNet_modSrv_recvMsg_getIPv4Props(void *user, gorvaNet_getIPv4Props_handler *handler,
+                                                          void *data, void *value3);
+GORVANET_API gorvaNet_recvReq gorvaNet_recvReq_getIPv4Props;
+GORVANET_API void gorvaNet_sendRes_getIPv4Props(void *message, const struct ipv4_properties *properties,
+                                                uint32_t result);
+GORVANET_API gorvaNet_freeBody gorvaNet_cbEvtMsgMngt_freeBody_msgCmd_getIPv4Props;
+GORVANET_API gorvaNet_serializeBody gorvaNet_cbEvtMsgMngt_serializeBody_msgCmd_getIPv4Props;
+GORVANET_API gorvaNet_unserializeBody gorvaNet_cbEvtMsgMngt_unserializeBody_msgCmd_getIPv4Props;
+GORVANET_API gorvaNet_logBody gorvaNet_cbEvtMsgMngt_logBody_msgCmd_getIPv4Props;
+
+/* GetIPv6Props, command 4: asks for the IPv6 properties; the service answers with them and a result. `properties` is
+ * borrowed in the callback and copied in sendRes.
+ * Log of sendRes: "Copy ipv6_properties failed"; the answer is sent all the same. */
+#define GORVANET_MAGIC_MSGCMD_GETIPV6PROPS 0x24331110u
+
+typedef void gorvaNet_getIPv6Props_response(void *context, void *user_data, const struct ipv6_properties *properties,
+                                            uint32_t result);
+typedef void gorvaNet_getIPv6Props_handler(void *message, void *data);
+
+GORVANET_API uint32_t gorvaNet_sendReq_getIPv6Props(void *user, gorvaNet_getIPv6Props_response *callback, void *pass1,
+                                                    void *pass2, const char *server);
+GORVANET_API int32_t gorvaNet_modSrv_recvMsg_getIPv6Props(void *user, gorvaNet_getIPv6Props_handler *handler,
+                                                          void *data, void *value3);
+GORVANET_API gorvaNet_recvReq gorvaNet_recvReq_getIPv6Props;
+GORVANET_API void gorvaNet_sendRes_getIPv6Props(void *message, const struct ipv6_properties *properties,
+                                                uint32_t result);
+GORVANET_API gorvaNet_freeBody gorvaNet_cbEvtMsgMngt_freeBody_msgCmd_getIPv6Props;
+GORVANET_API gorvaNet_serializeBody gorvaNet_cbEvtMsgMngt_serializeBody_msgCmd_getIPv6Props;
+GORVANET_API gorvaNet_unserializeBody gorvaNet_cbEvtMsgMngt_unserializeBody_msgCmd_getIPv6Props;
+GORVANET_API gorvaNet_logBody gorvaNet_cbEvtMsgMngt_logBody_msgCmd_getIPv6Props;
+
+/* SetIPv4Address, command 5: sets an IPv4 address; the service answers with an outcome record. Records are copied in
+ * sendReq and sendRes, and borrowed in the handler and the callback.
+ * Log of sendReq: "Copy ipv4_address failed"; the request is sent all the same.
+ * Log of sendRes: "Copy ipv4_address_return failed"; the answer is sent all the same. */
+#define GORVANET_MAGIC_MSGCMD_SETIPV4ADDRESS 0x23331320u
+
+typedef void gorvaNet_setIPv4Address_response(void *context, void *user_data,
+                                              const struct ipv4_address_return *outcome);
+typedef void gorvaNet_setIPv4Address_handler(void *message, void *data, const struct ipv4_address *address);
+
+GORVANET_API uint32_t gorvaNet_sendReq_setIPv4Address(void *user, gorvaNet_setIPv4Address_response *callback,
+                                                      void *pass1, void *pass2, const char *server,
+                                                      const struct ipv4_address *address);
+GORVANET_API int32_t gorvaNet_modSrv_recvMsg_setIPv4Address(void *user, gorvaNet_setIPv4Address_handler *handler,
+                                                            void *data, void *value3);
+GORVANET_API gorvaNet_recvReq gorvaNet_recvReq_setIPv4Address;
+GORVANET_API void gorvaNet_sendRes_setIPv4Address(void *message, const struct ipv4_address_return *outcome);
+GORVANET_API gorvaNet_freeBody gorvaNet_cbEvtMsgMngt_freeBody_msgCmd_setIPv4Address;
+GORVANET_API gorvaNet_serializeBody gorvaNet_cbEvtMsgMngt_serializeBody_msgCmd_setIPv4Address;
+GORVANET_API gorvaNet_unserializeBody gorvaNet_cbEvtMsgMngt_unserializeBody_msgCmd_setIPv4Address;
+GORVANET_API gorvaNet_logBody gorvaNet_cbEvtMsgMngt_logBody_msgCmd_setIPv4Address;
+
+/* SetMtu, command 6: sets an MTU; the service answers with a result. */
+#define GORVANET_MAGIC_MSGCMD_SETMTU 0x20190222u
+
+typedef void gorvaNet_setMtu_response(void *context, void *user_data, uint32_t result);
+typedef void gorvaNet_setMtu_handler(void *message, void *data, uint32_t mtu);
+
+GORVANET_API uint32_t gorvaNet_sendReq_setMtu(void *user, gorvaNet_setMtu_response *callback, void *pass1, void *pass2,
+                                              const char *server, uint32_t mtu);
+GORVANET_API int32_t gorvaNet_modSrv_recvMsg_setMtu(void *user, gorvaNet_setMtu_handler *handler, void *data,
+                                                    void *value3);
+GORVANET_API gorvaNet_recvReq gorvaNet_recvReq_setMtu;
+GORVANET_API void gorvaNet_sendRes_setMtu(void *message, uint32_t result);
+GORVANET_API gorvaNet_freeBody gorvaNet_cbEvtMsgMngt_freeBody_msgCmd_setMtu;
+GORVANET_API gorvaNet_serializeBody gorvaNet_cbEvtMsgMngt_serializeBody_msgCmd_setMtu;
+GORVANET_API gorvaNet_unserializeBody gorvaNet_cbEvtMsgMngt_unserializeBody_msgCmd_setMtu;
+GORVANET_API gorvaNet_logBody gorvaNet_cbEvtMsgMngt_logBody_msgCmd_setMtu;
+
+/* SetIPv6PrefixAndAddress, command 7: sets IPv6 prefixes with their addresses; the service answers with a result.
+ * `list` is copied in sendReq and borrowed in the handler. Log of sendReq: "Copy ipv6_prefix_addr_conf_list failed";
+ * the request is sent all the same. */
+#define GORVANET_MAGIC_MSGCMD_SETIPV6PREFIXANDADDRESS 0x24331320u
+
+typedef void gorvaNet_setIPv6PrefixAndAddress_response(void *context, void *user_data, uint32_t result);
+typedef void gorvaNet_setIPv6PrefixAndAddress_handler(void *message, void *data,
+                                                      const struct ipv6_prefix_addr_conf_list *list);
+
+GORVANET_API uint32_t gorvaNet_sendReq_setIPv6PrefixAndAddress(void *user,
+                                                               gorvaNet_setIPv6PrefixAndAddress_response *callback,
+                                                               void *pass1, void *pass2, const char *server,
+                                                               const struct ipv6_prefix_addr_conf_list *list);
+GORVANET_API int32_t gorvaNet_modSrv_recvMsg_setIPv6PrefixAndAddress(void *user,
+                                                                     gorvaNet_setIPv6PrefixAndAddress_handler *handler,
+                                                                     void *data, void *value3);
+GORVANET_API gorvaNet_recvReq gorvaNet_recvReq_setIPv6PrefixAndAddress;
+GORVANET_API void gorvaNet_sendRes_setIPv6PrefixAndAddress(void *message, uint32_t result);
+GORVANET_API gorvaNet_freeBody gorvaNet_cbEvtMsgMngt_freeBody_msgCmd_setIPv6PrefixAndAddress;
+GORVANET_API gorvaNet_serializeBody gorvaNet_cbEvtMsgMngt_serializeBody_msgCmd_setIPv6PrefixAndAddress;
+GORVANET_API gorvaNet_unserializeBody gorvaNet_cbEvtMsgMngt_unserializeBody_msgCmd_setIPv6PrefixAndAddress;
+GORVANET_API gorvaNet_logBody gorvaNet_cbEvtMsgMngt_logBody_msgCmd_setIPv6PrefixAndAddress;
+
+/* AskStateRenotification, command 8: asks the service to report a state again. `info` is copied in sendReq and
+ * borrowed in the handler.
+ * Log of sendReq: "Copy state_info failed"; the request is sent all the same. */
+#define GORVANET_MAGIC_MSGCMD_ASKSTATERENOTIFICATION 0x13235326u
+
+typedef void gorvaNet_askStateRenotification_handler(void *message, void *data, const struct state_info *info);
+
+GORVANET_API uint32_t gorvaNet_sendReq_askStateRenotification(void *user, void *pass, const char *server,
+                                                              const struct state_info *info);
+GORVANET_API int32_t gorvaNet_modSrv_recvMsg_askStateRenotification(void *user,
+                                                                    gorvaNet_askStateRenotification_handler *handler,
+                                                                    void *data, void *value3);
+GORVANET_API gorvaNet_recvReq gorvaNet_recvReq_askStateRenotification;
+GORVANET_API gorvaNet_freeBody gorvaNet_cbEvtMsgMngt_freeBody_msgCmd_askStateRenotification;
+GORVANET_API gorvaNet_serializeBody gorvaNet_cbEvtMsgMngt_serializeBody_msgCmd_askStateRenotification;
+GORVANET_API gorvaNet_unserializeBody gorvaNet_cbEvtMsgMngt_unserializeBody_msgCmd_askStateRenotification;
+GORVANET_API gorvaNet_logBody gorvaNet_cbEvtMsgMngt_logBody_msgCmd_askStateRenotification;
+
+/* RegisterPrefixStatus, command 9: hands three values to the service, which answers with a result. `pointer` is opaque:
+ * it is carried and never dereferenced. unserializeBody has one result more: 12, with "Invalid pointer value(%llu)",
+ * for a pointer value that does not fit 32 bits; and the line "pBody(%p): Tl(%llu-%llu) expectded(%u)" for its wide
+ * item. */
+#define GORVANET_MAGIC_MSGCMD_REGISTERPREFIXSTATUS 0x20150227u
+
+typedef void gorvaNet_registerPrefixStatus_response(void *context, void *user_data, uint32_t result);
+typedef void gorvaNet_registerPrefixStatus_handler(void *message, void *data, uint32_t first, void *pointer,
+                                                   uint32_t last);
+
+GORVANET_API uint32_t gorvaNet_sendReq_registerPrefixStatus(void *user,
+                                                            gorvaNet_registerPrefixStatus_response *callback,
+                                                            void *pass1, void *pass2, const char *server,
+                                                            uint32_t first, void *pointer, uint32_t last);
+GORVANET_API int32_t gorvaNet_modSrv_recvMsg_registerPrefixStatus(void *user,
+                                                                  gorvaNet_registerPrefixStatus_handler *handler,
+                                                                  void *data, void *value3);
+GORVANET_API gorvaNet_recvReq gorvaNet_recvReq_registerPrefixStatus;
+GORVANET_API void gorvaNet_sendRes_registerPrefixStatus(void *message, uint32_t result);
+GORVANET_API gorvaNet_freeBody gorvaNet_cbEvtMsgMngt_freeBody_msgCmd_registerPrefixStatus;
+GORVANET_API gorvaNet_serializeBody gorvaNet_cbEvtMsgMngt_serializeBody_msgCmd_registerPrefixStatus;
+GORVANET_API gorvaNet_unserializeBody gorvaNet_cbEvtMsgMngt_unserializeBody_msgCmd_registerPrefixStatus;
+GORVANET_API gorvaNet_logBody gorvaNet_cbEvtMsgMngt_logBody_msgCmd_registerPrefixStatus;
+
+/* Configure, command 10: hands an interface configuration to the service. `configuration` is copied in sendReq and
+ * borrowed in the handler.
+ * Log of sendReq: "Copy intfConf failed"; the request is sent all the same. */
+#define GORVANET_MAGIC_MSGCMD_CONFIGURE 0x13235326u
+
+typedef void gorvaNet_configure_handler(void *message, void *data, const struct intfConf *configuration);
+
+GORVANET_API uint32_t gorvaNet_sendReq_configure(void *user, void *pass, const char *server,
+                                                 const struct intfConf *configuration);
+GORVANET_API int32_t gorvaNet_modSrv_recvMsg_configure(void *user, gorvaNet_configure_handler *handler, void *data,
+                                                       void *value3);
+GORVANET_API gorvaNet_recvReq gorvaNet_recvReq_configure;
+GORVANET_API gorvaNet_freeBody gorvaNet_cbEvtMsgMngt_freeBody_msgCmd_configure;
+GORVANET_API gorvaNet_serializeBody gorvaNet_cbEvtMsgMngt_serializeBody_msgCmd_configure;
+GORVANET_API gorvaNet_unserializeBody gorvaNet_cbEvtMsgMngt_unserializeBody_msgCmd_configure;
+GORVANET_API gorvaNet_logBody gorvaNet_cbEvtMsgMngt_logBody_msgCmd_configure;
+
+/* ConfigureAllIPv6Intf, command 11: hands a value for all IPv6 interfaces to the service. */
+#define GORVANET_MAGIC_MSGCMD_CONFIGUREALLIPV6INTF 0x20161209u
+
+typedef void gorvaNet_configureAllIPv6Intf_handler(void *message, void *data, uint32_t value);
+
+GORVANET_API uint32_t gorvaNet_sendReq_configureAllIPv6Intf(void *user, void *pass, const char *server, uint32_t value);
+GORVANET_API int32_t gorvaNet_modSrv_recvMsg_configureAllIPv6Intf(void *user,
+                                                                  gorvaNet_configureAllIPv6Intf_handler *handler,
+                                                                  void *data, void *value3);
+GORVANET_API gorvaNet_recvReq gorvaNet_recvReq_configureAllIPv6Intf;
+GORVANET_API gorvaNet_freeBody gorvaNet_cbEvtMsgMngt_freeBody_msgCmd_configureAllIPv6Intf;
+GORVANET_API gorvaNet_serializeBody gorvaNet_cbEvtMsgMngt_serializeBody_msgCmd_configureAllIPv6Intf;
+GORVANET_API gorvaNet_unserializeBody gorvaNet_cbEvtMsgMngt_unserializeBody_msgCmd_configureAllIPv6Intf;
+GORVANET_API gorvaNet_logBody gorvaNet_cbEvtMsgMngt_logBody_msgCmd_configureAllIPv6Intf;
+
+/* ---- Notifications -----------------------------------------------------------------------------------------------
+ *
+ * A notification is a command request without a response and without a named receiver: it has the same body callbacks,
+ * and goes to every user that accepted it.
+ */
+
+/* PrefixStatus, notification 0: the service tells the status of a set of IPv6 prefixes. */
+#define GORVANET_MAGIC_MSGNTFY_PREFIXSTATUS 0x20150226u
+
+/* `name` and `prefixes` are borrowed for the length of the call. */
+typedef void gorvaNet_prefixStatus_handler(void *message, void *data, const char *name,
+                                           const struct ipv6_prefixes *prefixes);
+
+/* Sends the notification; the body gets copies of `name`, cut after 79 characters without a message, and `prefixes`.
+ * `pass1` and `pass2` are handed to the middleware unchanged.
+ *
+ * Log: "Allocating Memory Ctx[%s]", and nothing is sent; "Copy ipv6_prefixes failed", and it is sent all the same. */
+GORVANET_API void gorvaNet_sendReq_ntfyPrefixStatus(void *user, void *pass1, void *pass2, const char *name,
+                                                    const struct ipv6_prefixes *prefixes);
+
+/* Makes the user receive the notification from the user `user_name` on the bus `bus_name`: `handler` and `data` are
+ * handed to the middleware, which gives them back to gorvaNet_recvReq_ntfyPrefixStatus; `value3` is handed on
+ * unchanged.
+ *
+ * Result: 0 or the middleware's error code.
+ * Log: "user(%p) bus name(%s) user name(%p): ModCliNtfyUser". */
+GORVANET_API uint32_t gorvaNet_modCliNtfyUser_recvMsg_prefixStatus(void *user, gorvaNet_prefixStatus_handler *handler,
+                                                                   void *data, void *value3, const char *bus_name,
+                                                                   const char *user_name);
+
+/* As recvReq and the body callbacks of the one-way commands, but that freeBody has no check for null and looks at the
+ * flag before the magic. Lines about the body are logged under the callback's name with "msgNtfyReq". */
+GORVANET_API gorvaNet_recvReq gorvaNet_recvReq_ntfyPrefixStatus;
+GORVANET_API gorvaNet_freeBody gorvaNet_cbEvtMsgMngt_freeBody_msgNtfy_prefixStatus;
+GORVANET_API gorvaNet_serializeBody gorvaNet_cbEvtMsgMngt_serializeBody_msgNtfy_prefixStatus;
+GORVANET_API gorvaNet_unserializeBody gorvaNet_cbEvtMsgMngt_unserializeBody_msgNtfy_prefixStatus;
+GORVANET_API gorvaNet_logBody gorvaNet_cbEvtMsgMngt_logBody_msgNtfy_prefixStatus;
 
 #ifdef __cplusplus
 }

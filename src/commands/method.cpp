@@ -11,14 +11,14 @@ constexpr uint32_t no_memory = 5;
 
 void release(const BodyKind &kind, void *body)
 {
-    if (kind.clean)
-        kind.clean(body);
+    kind.clean(body);
     // Compilers drop a store before free(3) unless it is volatile; whoever still holds the body shall find this.
     *static_cast<volatile uint32_t *>(body) = GORVANET_MAGIC_FREE;
     free(body);
 }
 
-// The two directions check flag and magic in different order, and only a request may be null: kept for compatibility.
+// Requests and the two others check flag and magic in different order, and only a request may be null: kept for
+// compatibility.
 
 void free_request(const Method &method, void *body)
 {
@@ -26,30 +26,32 @@ void free_request(const Method &method, void *body)
     if (!check_body_present(body, where))
         return;
     check_body_magic(body, method.magic, method.magic_name, where);
-    if (flag_of(body))
-        return;
-    release(method.request, body);
+    if (!flag_of(body))
+        release(method.request, body);
 }
 
-void free_response(const Method &method, void *body)
+void free_response_or_notification(const Method &method, const BodyKind &kind, void *body)
 {
     if (flag_of(body))
         return;
-    check_body_magic(body, method.magic, method.magic_name, here(method.response.free_name));
-    release(method.response, body);
+    check_body_magic(body, method.magic, method.magic_name, here(kind.free_name));
+    release(kind, body);
 }
 
-// The body of this direction, or null.
-const BodyKind *kind_of(const Method &method, uint32_t type)
+// The body of this direction, or null after a log line.
+const BodyKind *known_kind(const Method &method, uint32_t type, void (*log_no_response)(Where), Where where)
 {
-    switch (type) {
-    case GORVANET_BODY_REQUEST:
+    if (type == GORVANET_BODY_REQUEST)
         return &method.request;
-    case GORVANET_BODY_RESPONSE:
-        return &method.response;
-    default:
+    if (type != GORVANET_BODY_RESPONSE) {
+        log_type_unknown(type, where);
         return nullptr;
     }
+    if (!method.response.size) {
+        log_no_response(where);
+        return nullptr;
+    }
+    return &method.response;
 }
 
 void put_prologue(Writer &out, const Method &method)
@@ -108,6 +110,11 @@ uint32_t send_request(const Method &method, void *user, void *body, Receiver *re
                                          gorvaNet_base.cmd.num, method.index, any_number, send_options);
 }
 
+uint32_t send_one_way(const Method &method, void *user, void *body, void *pass, const char *server)
+{
+    return send_request(method, user, body, nullptr, nullptr, nullptr, pass, server);
+}
+
 bool answer_unhandled(void *message, void *body, gorvaNet_function *function)
 {
     if (function)
@@ -137,26 +144,30 @@ void send_response(void *message, void *body)
 
 void free_body(const Method &method, uint32_t type, void *body, Where where)
 {
-    switch (type) {
-    case GORVANET_BODY_REQUEST:
+    if (type == GORVANET_BODY_REQUEST)
         free_request(method, body);
-        break;
-    case GORVANET_BODY_RESPONSE:
-        free_response(method, body);
-        break;
-    default:
+    else if (type != GORVANET_BODY_RESPONSE)
         log_type_unknown_without_line_feed(type, where);
-    }
+    else if (!method.response.size)
+        log_no_response_to_free(where);
+    else
+        free_response_or_notification(method, method.response, body);
+}
+
+void free_notification(const Method &method, uint32_t type, void *body, Where where)
+{
+    if (type == GORVANET_BODY_REQUEST)
+        free_response_or_notification(method, method.request, body);
+    else
+        free_body(method, type, body, where);
 }
 
 uint32_t serialize_body(const Method &method, uint32_t type, const void *body, void **buffer, uint32_t *size,
                         Where where)
 {
-    const BodyKind *kind = kind_of(method, type);
-    if (!kind) {
-        log_type_unknown(type, where);
+    const BodyKind *kind = known_kind(method, type, log_no_response_to_serialize, where);
+    if (!kind)
         return unknown_type;
-    }
     if (!check_body_present(body, here(kind->serialize_name)))
         return bad_field;
     check_body_magic(body, method.magic, method.magic_name, here(kind->serialize_name));
@@ -172,7 +183,8 @@ uint32_t serialize_body(const Method &method, uint32_t type, const void *body, v
     kind->put(out, body);
     if (out.status) {
         // The buffer is neither handed out nor released: kept for compatibility.
-        log_serialize_failed(encoded, out.status, here(kind->serialize_name));
+        auto *log_failed = type == GORVANET_BODY_REQUEST ? log_request_not_serialized : log_response_not_serialized;
+        log_failed(encoded, out.status, here(kind->serialize_name));
         return out.status;
     }
     *buffer = encoded;
@@ -183,11 +195,9 @@ uint32_t serialize_body(const Method &method, uint32_t type, const void *body, v
 int32_t unserialize_body(const Method &method, uint32_t type, const void *buffer, void **body, uint32_t *size,
                          Where where)
 {
-    const BodyKind *kind = kind_of(method, type);
-    if (!kind) {
-        log_type_unknown(type, where);
+    const BodyKind *kind = known_kind(method, type, log_no_response_to_unserialize, where);
+    if (!kind)
         return unknown_type;
-    }
     void *decoded = calloc(1, kind->size);
     if (!decoded) {
         log_no_memory_for_body(here(kind->unserialize_name));

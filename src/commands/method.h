@@ -23,7 +23,7 @@ struct BodyKind {
     uint32_t (*length)(const void *body);
     void (*put)(Writer &out, const void *body);
     void (*get)(Reader &in, void *body);
-    void (*clean)(void *body); // null: nothing nested
+    void (*clean)(void *body);
     const char *free_name;
     const char *serialize_name;
     const char *unserialize_name;
@@ -39,9 +39,29 @@ struct Method {
     BodyKind response;
 };
 
-// Closes over the type of a body: its encoded length behind the prologue, and its fields in both directions.
-template <typename Body, uint32_t (*Length)(const Body &), void (*Put)(Writer &, const Body &),
-          void (*Get)(Reader &, Body &)>
+// What a body without fields, or without a nested record, gives.
+
+template <typename Body> uint32_t no_length(const Body &)
+{
+    return 0;
+}
+
+template <typename Body> void put_nothing(Writer &, const Body &)
+{
+}
+
+template <typename Body> void get_nothing(Reader &, Body &)
+{
+}
+
+template <typename Body> void clean_nothing(Body &)
+{
+}
+
+// Closes over the type of a body: the encoded length of its fields, and the fields in both directions.
+template <typename Body, uint32_t (*Length)(const Body &) = no_length<Body>,
+          void (*Put)(Writer &, const Body &) = put_nothing<Body>, void (*Get)(Reader &, Body &) = get_nothing<Body>,
+          void (*Clean)(Body &) = clean_nothing<Body>>
 constexpr BodyKind body_kind(const char *free_name, const char *serialize_name, const char *unserialize_name)
 {
     static_assert(offsetof(Body, magic) == 0 && offsetof(Body, flag) == flag_offset);
@@ -50,7 +70,7 @@ constexpr BodyKind body_kind(const char *free_name, const char *serialize_name, 
         .length = [](const void *body) { return Length(*static_cast<const Body *>(body)); },
         .put = [](Writer &out, const void *body) { Put(out, *static_cast<const Body *>(body)); },
         .get = [](Reader &in, void *body) { Get(in, *static_cast<Body *>(body)); },
-        .clean = nullptr,
+        .clean = [](void *body) { Clean(*static_cast<Body *>(body)); },
         .free_name = free_name,
         .serialize_name = serialize_name,
         .unserialize_name = unserialize_name,
@@ -78,6 +98,9 @@ template <typename Body> Body *new_body(const Method &method, Where where = here
 uint32_t send_request(const Method &method, void *user, void *body, Receiver *receiver, gorvaNet_function *callback,
                       void *pass1, void *pass2, const char *server);
 
+// Of a method without response.
+uint32_t send_one_way(const Method &method, void *user, void *body, void *pass, const char *server);
+
 // The body as the method's own type, or null after a log line; a foreign magic aborts.
 template <typename Body> Body *checked(const Method &method, void *body, Where where = here())
 {
@@ -99,6 +122,7 @@ void send_response(void *message, void *body);
 // ---- Body callbacks -------------------------------------------------------------------------------------------------
 
 void free_body(const Method &method, uint32_t type, void *body, Where where = here());
+void free_notification(const Method &method, uint32_t type, void *body, Where where = here());
 uint32_t serialize_body(const Method &method, uint32_t type, const void *body, void **buffer, uint32_t *size,
                         Where where = here());
 int32_t unserialize_body(const Method &method, uint32_t type, const void *buffer, void **body, uint32_t *size,

@@ -92,9 +92,16 @@ void log_no_memory_for_output(Where where)
     syslog(LOG_ERR, "[GORVANET] -> %s(%d): Allocating Memory N Ctx[%s]\n", where.function, where.line, "");
 }
 
-void log_serialize_failed(const void *buffer, uint32_t status, Where where)
+void log_request_not_serialized(const void *buffer, uint32_t status, Where where)
 {
     syslog(LOG_ERR, "[GORVANET] -> %s(%d): BodyReq(%p): On serialize failed(%d)\n", where.function, where.line, buffer,
+           static_cast<int>(status));
+}
+
+// Says "Req" of a response: kept for compatibility.
+void log_response_not_serialized(const void *buffer, uint32_t status, Where where)
+{
+    syslog(LOG_ERR, "[GORVANET] -> %s(%d): pBodyReq(%p): On serialize failed(%d)\n", where.function, where.line, buffer,
            static_cast<int>(status));
 }
 
@@ -112,4 +119,19 @@ void log_type_unknown(uint32_t type, Where where)
 void log_type_unknown_without_line_feed(uint32_t type, Where where)
 {
     syslog(LOG_ERR, "[GORVANET] -> %s(%d): Type(%d) unknown", where.function, where.line, static_cast<int>(type));
+}
+
+void log_no_response_to_free(Where where)
+{
+    syslog(LOG_ERR, "[GORVANET] -> %s(%d): No free body response process\n", where.function, where.line);
+}
+
+void log_no_response_to_serialize(Where where)
+{
+    syslog(LOG_ERR, "[GORVANET] -> %s(%d): No Serialize response process\n", where.function, where.line);
+}
+
+void log_no_response_to_unserialize(Where where)
+{
+    syslog(LOG_ERR, "[GORVANET] -> %s(%d): No Unserialize response process\n", where.function, where.line);
 }

@@ -35,9 +35,13 @@ void check_body_magic(const void *body, uint32_t magic, const char *magic_name, 
 [[gnu::cold]] void log_accept_failed(const void *user, int32_t status, Where where = here());
 [[gnu::cold]] void log_no_memory_for_body(Where where = here());
 [[gnu::cold]] void log_no_memory_for_output(Where where = here());
-[[gnu::cold]] void log_serialize_failed(const void *buffer, uint32_t status, Where where = here());
+[[gnu::cold]] void log_request_not_serialized(const void *buffer, uint32_t status, Where where = here());
+[[gnu::cold]] void log_response_not_serialized(const void *buffer, uint32_t status, Where where = here());
 [[gnu::cold]] void log_invalid_parameter(Where where = here());
 [[gnu::cold]] void log_type_unknown(uint32_t type, Where where = here());
 [[gnu::cold]] void log_type_unknown_without_line_feed(uint32_t type, Where where = here());
+[[gnu::cold]] void log_no_response_to_free(Where where = here());
+[[gnu::cold]] void log_no_response_to_serialize(Where where = here());
+[[gnu::cold]] void log_no_response_to_unserialize(Where where = here());
 
 #endif

@@ -19,6 +19,11 @@ constexpr uint32_t header_size = 8;               // tag and length
 constexpr uint32_t number_item = header_size + 4; // encoded size of a number
 constexpr uint32_t bad_field = 4;                 // status of a field that cannot be encoded or decoded
 
+// The one wide item: tag, length and value of 64 bits each, for a pointer.
+constexpr uint32_t wide_header_size = 16;
+constexpr uint32_t wide_item = wide_header_size + 8;
+constexpr uint32_t bad_pointer = 12; // status of a pointer value that does not fit 32 bits
+
 // Value length of a text of `size` bytes, NUL included: rounded down to a multiple of 4, plus 4. So 1 to 4 zero bytes
 // follow the NUL, and 4 where none would do: kept for compatibility. Wraps to 0 for sizes that no text has.
 constexpr uint32_t chain_length(uint32_t size)
@@ -51,6 +56,17 @@ inline void store_u32(uint8_t *at, uint32_t value)
     at[3] = static_cast<uint8_t>(value);
 }
 
+inline uint64_t load_u64(const uint8_t *at)
+{
+    return uint64_t{load_u32(at)} << 32 | load_u32(at + 4);
+}
+
+inline void store_u64(uint8_t *at, uint64_t value)
+{
+    store_u32(at, static_cast<uint32_t>(value >> 32));
+    store_u32(at + 4, static_cast<uint32_t>(value));
+}
+
 // Copies a text of known size, NUL included.
 inline void copy_bytes(void *to, const void *from, uint32_t size)
 {
@@ -67,11 +83,14 @@ template <uint32_t Capacity> void copy_text(char (&to)[Capacity], const char *fr
     to[Capacity - 1] = '\0';
 }
 
-// What a failure leaves in the log. `start` is where the codec began. The two that end a codec's work return bad_field.
+// What a failure leaves in the log. `start` is where the codec began. Those that end a codec's work return its status.
 [[gnu::cold, gnu::noinline]] void announce(const char *function, int line, const void *start, uint32_t tag);
 [[gnu::cold, gnu::noinline]] uint32_t refuse_tag(const char *function, int line, const void *start, const uint8_t *item,
                                                  uint32_t tag);
 [[gnu::cold, gnu::noinline]] uint32_t refuse_text(const char *function, int line, uint32_t size, uint32_t room);
+[[gnu::cold, gnu::noinline]] uint32_t refuse_wide_tag(const char *function, int line, const void *start,
+                                                      const uint8_t *item, uint32_t tag);
+[[gnu::cold, gnu::noinline]] uint32_t refuse_pointer(const char *function, int line, uint64_t value);
 
 // ---- Writing --------------------------------------------------------------------------------------------------------
 
@@ -116,6 +135,15 @@ inline void put_u8(Writer &out, uint32_t tag, uint8_t value, int line = __builti
 inline void put_s8(Writer &out, uint32_t tag, int8_t value, int line = __builtin_LINE())
 {
     put_u32(out, tag, static_cast<uint32_t>(int32_t{value}), line);
+}
+
+// Behind numbers only, so nothing can have failed.
+inline void put_wide(Writer &out, uint32_t tag, const void *pointer)
+{
+    store_u64(out.at, tag);
+    store_u64(out.at + 8, 8);
+    store_u64(out.at + wide_header_size, reinterpret_cast<uintptr_t>(pointer));
+    out.at += wide_item;
 }
 
 // The padding behind the NUL is left as the buffer holds it, which is zero. Texts do not announce themselves.
@@ -199,12 +227,16 @@ inline bool expect(Reader &in, uint32_t tag, int line)
     return true;
 }
 
-// Moves to the next item. The length is the sender's and is never compared with the one that the field implies; the
-// sum may wrap, so it is made in integers.
+// Moves on by a sum that may wrap, so it is made in integers.
+inline void skip(Reader &in, uint32_t size)
+{
+    in.at = reinterpret_cast<const uint8_t *>(reinterpret_cast<uintptr_t>(in.at) + size);
+}
+
+// Moves to the next item. The length is the sender's and is never compared with the one that the field implies.
 inline void advance(Reader &in)
 {
-    uintptr_t next = reinterpret_cast<uintptr_t>(in.at) + (header_size + load_u32(in.at + 4));
-    in.at = reinterpret_cast<const uint8_t *>(next);
+    skip(in, header_size + load_u32(in.at + 4));
 }
 
 inline void get_u32(Reader &in, uint32_t tag, uint32_t &field, int line = __builtin_LINE())
@@ -230,6 +262,26 @@ inline void get_s8(Reader &in, uint32_t tag, int8_t &field, int line = __builtin
         return;
     field = static_cast<int8_t>(load_u32(in.at + header_size));
     advance(in);
+}
+
+// All 64 bits of the tag count; of the length the low 32, again not compared with the one that the field implies.
+inline void get_wide(Reader &in, uint32_t tag, void *&field, int line = __builtin_LINE())
+{
+    if (in.status) {
+        announce(in.function, line, in.start, tag);
+        return;
+    }
+    if (load_u64(in.at) != tag) {
+        in.status = refuse_wide_tag(in.function, line, in.start, in.at, tag);
+        return;
+    }
+    uint64_t value = load_u64(in.at + wide_header_size);
+    if (value > UINT32_MAX) {
+        in.status = refuse_pointer(in.function, line, value);
+        return;
+    }
+    field = reinterpret_cast<void *>(static_cast<uintptr_t>(value));
+    skip(in, wide_header_size + load_u32(in.at + 12));
 }
 
 // The text ends at its NUL, whatever the item's length. Bytes of the field behind the NUL stay as they are.
