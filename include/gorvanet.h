@@ -463,20 +463,23 @@ GORVANET_API uint32_t gorvaNet_ipv4_address_unserialize(struct ipv4_address *rec
  * serializeBody    Encodes the body into a new buffer, which becomes the caller's, to be released with free(3).
  *                  Result: 0; 1 unknown type; 4 null body, or the status of an encoder that failed; 5 no memory. On a
  *                  failure `*buffer` and `*size` stay untouched.
- *                  Log: "Allocating Memory N Ctx[%s]"; the lines of the records; "BodyReq(%p): On serialize failed(%d)"
- *                  for a request, "pBodyReq(%p): On serialize failed(%d)" for a response. The buffer is not released
- * then (kept for compatibility). unserializeBody  Decodes a buffer into a new body, which becomes the caller's, to be
- * released with freeBody. It is given no length: the items must be complete. `*size` becomes the body's size in memory.
- * The magic on the wire is taken over unchecked. Result: 0; 1 unknown type; 2 bad prologue, or (without a log line) a
- * version other than the method's; 4 bad field; 5 no memory. On a failure `*body` and `*size` stay untouched. Log:
- * "Allocating Memory Ctx[%s]"; the lines of the records. logBody          Stores a new empty text, to be released with
- * free(3), or null when there is no memory for it. Arguments but `text` are ignored. Log: "Invalid parameter" for a
- * null `text`; "Allocating Memory N Ctx[%s]".
+ *                  Log: "Allocating Memory N Ctx[%s]"; the lines of the records; for a request
+ *                  "BodyReq(%p): On serialize failed(%d)", for a response "pBodyReq(%p): On serialize failed(%d)",
+ *                  and then the buffer is not released (kept for compatibility).
+ * unserializeBody  Decodes a buffer into a new body, which becomes the caller's, to be released with freeBody. It is
+ *                  given no length: the items must be complete. `*size` becomes the body's size in memory. The magic
+ *                  on the wire is taken over unchecked.
+ *                  Result: 0; 1 unknown type; 2 bad prologue, or (without a log line) a version other than the
+ *                  method's; 4 bad field; 5 no memory. On a failure `*body` and `*size` stay untouched.
+ *                  Log: "Allocating Memory Ctx[%s]"; the lines of the records.
+ * logBody          Stores a new empty text, to be released with free(3), or null when there is no memory for it.
+ *                  Arguments but `text` are ignored.
+ *                  Log: "Invalid parameter" for a null `text`; "Allocating Memory N Ctx[%s]".
  *
  * One-way methods (AskStateRenotification, Configure, ConfigureAllIPv6Intf) have no response: no callback and no
  * sendRes. Their sendReq has one value for the middleware, `pass`, where that of the others has `pass2`. Their body
- * callbacks refuse the response type with "No free body response process", "No Serialize response process" and "No
- * Unserialize response process", the latter two with result 1.
+ * callbacks refuse the response type with "No free body response process", "No Serialize response process" and
+ * "No Unserialize response process", the last two with result 1.
  */
 
 /* SetOsIfc, command 0: names a network interface to the service; the service answers with a result.
