@@ -28,15 +28,6 @@ uintptr_t called(const char *function, Words words, uintptr_t (*usual)(const Wor
     return usual ? usual(words) : 0;
 }
 
-uintptr_t hand_out_block(const Words &words)
-{
-    // Addresses of blocks handed out earlier must stay as they are.
-    bus().blocks.reserve(64);
-    bus().blocks.emplace_back(3 + 6 * words[2] + guard_words, untouched);
-    *reinterpret_cast<uintptr_t **>(words[1]) = bus().blocks.back().data();
-    return first_number + bus().blocks.size() - 1;
-}
-
 uintptr_t core_user(const Words &words)
 {
     return words[0] + 0x1000;
@@ -161,6 +152,15 @@ void answer(const std::string &function, std::function<uintptr_t(const Words &)>
 std::vector<Words> &blocks()
 {
     return bus().blocks;
+}
+
+uintptr_t hand_out_block(const Words &words)
+{
+    // Addresses of blocks handed out earlier must stay as they are.
+    bus().blocks.reserve(64);
+    bus().blocks.emplace_back(3 + 6 * words[2] + guard_words, untouched);
+    *reinterpret_cast<uintptr_t **>(words[1]) = bus().blocks.back().data();
+    return first_number + bus().blocks.size() - 1;
 }
 
 void reset_bus()
