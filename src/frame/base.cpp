@@ -21,7 +21,7 @@ static_assert(sizeof(void *) != 4 || offsetof(gorvaNet_descriptor, state) == 460
 static_assert(sizeof(void *) != 4 || offsetof(gorvaNet_descriptor, flags) == 461);
 static_assert(sizeof(void *) != 4 || sizeof(gorvaNet_descriptor) == 464);
 
-gorvaNet_descriptor gorvaNet_base = {
+constinit gorvaNet_descriptor gorvaNet_base = {
     .magic = GORVANET_MAGIC_BASE,
     .name = "GorvaNet",
     .cmd =

@@ -71,7 +71,7 @@ inline void store_u64(uint8_t *at, uint64_t value)
 inline void copy_bytes(void *to, const void *from, uint32_t size)
 {
     auto *target = static_cast<char *>(to);
-    auto *source = static_cast<const char *>(from);
+    const auto *source = static_cast<const char *>(from);
     for (uint32_t i = 0; i < size; i++)
         target[i] = source[i];
 }
@@ -290,7 +290,7 @@ void get_text(Reader &in, uint32_t tag, char (&field)[Capacity], int line = __bu
 {
     if (!expect(in, tag, line))
         return;
-    auto *text = reinterpret_cast<const char *>(in.at + header_size);
+    const auto *text = reinterpret_cast<const char *>(in.at + header_size);
     uint32_t size = text_size(text);
     if (size > Capacity) {
         in.status = refuse_text(in.function, line, size, Capacity);

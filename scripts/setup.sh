@@ -1,0 +1,67 @@
+# shellcheck shell=bash
+# Sourced by the other scripts: installs from Debian what this machine lacks.
+#
+#     setup build          what the library and the demo need
+#     setup build test     the same, and what the tests need
+#     setup build test check
+
+have() {
+    command -v "$1" >/dev/null 2>&1
+}
+
+# Can the C++ compiler build a program for i386?
+have_i386() {
+    have "$1" && echo '#include <cstdlib>
+int main() { return EXIT_SUCCESS; }' | "$1" -m32 -x c++ - -o /dev/null 2>/dev/null
+}
+
+missing_packages() {
+    for group in "$@"; do
+        case $group in
+        build)
+            have cmake || echo cmake
+            have ninja || echo ninja-build
+            have_i386 g++ || echo g++ g++-multilib
+            ;;
+        test)
+            [ -e /usr/src/googletest/CMakeLists.txt ] || echo googletest
+            ;;
+        check)
+            have clang++ || echo clang
+            [ -n "$(find /usr/lib -name 'libclang_rt.asan-i386.a' 2>/dev/null | head -n 1)" ] || echo libclang-rt-14-dev
+            have clang-format || echo clang-format
+            have clang-tidy || echo clang-tidy
+            have shellcheck || echo shellcheck
+            ;;
+        esac
+    done
+}
+
+setup() {
+    local packages root=
+    packages=$(missing_packages "$@" | xargs)
+    [ -n "$packages" ] || return 0
+    if ! have apt-get; then
+        echo "This machine lacks: $packages (Debian's names). Install them and run this again." >&2
+        return 1
+    fi
+    if [ "$(id -u)" != 0 ]; then
+        if ! have sudo; then
+            echo "This machine lacks: $packages. Neither root nor sudo is at hand to install them; as root, run" >&2
+            echo "    apt-get install --no-install-recommends $packages" >&2
+            echo "and then this again." >&2
+            return 1
+        fi
+        root=sudo
+    fi
+    echo "Installing from Debian: $packages"
+    # Mirrors that are being updated make this fail now and then; the lists of before will do.
+    $root apt-get update -qq || true
+    # shellcheck disable=SC2086 # a list of words
+    if apt-get install -s --no-install-recommends $packages | grep '^Remv' >&2; then
+        echo "Installing $packages would remove the packages above. Nothing was installed; make room by hand." >&2
+        return 1
+    fi
+    # shellcheck disable=SC2086
+    $root env DEBIAN_FRONTEND=noninteractive apt-get install -qq -y --no-install-recommends $packages >/dev/null
+}
