@@ -97,10 +97,8 @@ void dump_row(const Row &row)
     if (!row.problem.empty())
         printf("%s%s", row.meaning.empty() ? "" : "  ", in(Style::bad, "! " + row.problem).c_str());
     printf("\n");
-    for (size_t i = bytes_in_a_line; i < row.value.size(); i += bytes_in_a_line) {
-        dump_line("", "", "", hex_line(row.value, i));
-        printf("\n");
-    }
+    for (size_t i = bytes_in_a_line; i < row.value.size(); i += bytes_in_a_line)
+        printf("%s%28s%s\n", margin, "", in(Style::value, hex_line(row.value, i)).c_str());
 }
 
 const char *priority_name(int priority)
