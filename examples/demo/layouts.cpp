@@ -1,4 +1,4 @@
-// The bodies of the interface, one row for each direction of a method. A new method is a list of its fields and a row.
+// The bodies of the interface: a list of fields for each record and body, a row for each direction of a method.
 
 #include "annotate.h"
 
@@ -6,12 +6,101 @@ namespace demo {
 
 namespace {
 
+// ---- Records --------------------------------------------------------------------------------------------------------
+
+constexpr Field state_info[] = {number(3, "state"), text(4, "info", 46)};
+
+constexpr Field ipv4_address_return[] = {number(3, "result")};
+
+constexpr Field intf_conf[] = {
+    number(3, "field3"), number(4, "field4"), number(5, "field5"), text(6, "field6", 256), text(7, "field7", 256),
+};
+
+constexpr Field ipv6_prefix[] = {
+    text(3, "field3", 46), number(4, "field4"), number(5, "field5"),   number(6, "field6"),      number(7, "field7"),
+    number(8, "field8"),   number(9, "field9"), number(10, "field10"), text(11, "field11", 150), number(12, "field12"),
+};
+
+constexpr Field ipv6_prefix_config[] = {text(3, "field3", 80), text(4, "field4", 80), record("prefix", ipv6_prefix)};
+
+constexpr Field ipv6_prefixes[] = {list(3, "prefixes", 10, ipv6_prefix)};
+
+// There is no tag 4.
+constexpr Field ipv6_address[] = {
+    text(3, "field3", 46), number(5, "field5"), number(6, "field6"), number(7, "field7"), number(8, "field8"),
+};
+
+constexpr Field ipv6_prefix_addr_conf[] = {record("config", ipv6_prefix_config), record("address", ipv6_address)};
+
+constexpr Field ipv6_prefix_addr_conf_list[] = {list(3, "confs", 5, ipv6_prefix_addr_conf)};
+
+// A list has the tag of its count; the tag behind it is the array's and not on the wire.
+constexpr Field ipv6_properties[] = {
+    signed_number(3, "field3"),
+    signed_number(4, "field4"),
+    signed_number(5, "field5"),
+    signed_number(6, "field6"),
+    text(7, "field7", 50),
+    text(8, "field8", 50),
+    text(9, "field9", 50),
+    list(10, "field11", 2, ipv6_address),
+    list(12, "field13", 2, ipv6_address),
+    list(14, "field15", 10, ipv6_address),
+    text(16, "field16", 46),
+    list(17, "field18", 10, ipv6_prefix),
+    text(19, "field19", 256),
+};
+
+constexpr Field ipv4_info[] = {text(3, "field3", 16), text(4, "field4", 150)};
+
+constexpr Field ipv4_properties[] = {
+    signed_number(3, "field3"), text(4, "field4", 50),
+    text(5, "field5", 50),      number(6, "field6"),
+    text(7, "field7", 16),      text(8, "field8", 16),
+    text(9, "field9", 16),      text(10, "field10", 33),
+    text(11, "field11", 256),   list(12, "infos", 20, ipv4_info),
+};
+
+constexpr Field ipv4_address[] = {
+    number(3, "field3"),   number(4, "field4"),   number(5, "field5"),   text(6, "field6", 33),
+    text(7, "field7", 16), text(8, "field8", 16), text(9, "field9", 16), text(10, "field10", 33),
+};
+
+// ---- Bodies ---------------------------------------------------------------------------------------------------------
+
+constexpr Field if_name[] = {text(3, "ifName", 50)};
 constexpr Field result[] = {number(3, "result")};
-constexpr Field set_os_ifc[] = {text(3, "ifName", 50)};
+constexpr Field set_dhcp[] = {text(3, "ifName", 50), number(4, "dhcp")};
+constexpr Field ipv4_props[] = {record("properties", ipv4_properties), number(4, "result")};
+constexpr Field ipv6_props[] = {record("properties", ipv6_properties), number(4, "result")};
+constexpr Field mtu[] = {number(3, "mtu")};
+constexpr Field register_prefix_status[] = {number(3, "first"), wide(4, "pointer"), number(5, "last")};
+constexpr Field value[] = {number(3, "value")};
+constexpr Field prefix_status[] = {text(3, "name", 80), record("prefixes", ipv6_prefixes)};
 
 constexpr Layout layouts[] = {
-    {"SetOsIfc", request, 0x39132011, 0, set_os_ifc},
+    {"SetOsIfc", request, 0x39132011, 0, if_name},
     {"SetOsIfc", response, 0x39132011, 0, result},
+    {"SetDhcp", request, 0x39132011, 0, set_dhcp},
+    {"SetDhcp", response, 0x39132011, 0, {}},
+    {"SetRdisc6", request, 0x34132011, 0, if_name},
+    {"SetRdisc6", response, 0x34132011, 0, {}},
+    {"GetIPv4Props", request, 0x23331110, 1, {}},
+    {"GetIPv4Props", response, 0x23331110, 1, ipv4_props},
+    {"GetIPv6Props", request, 0x24331110, 1, {}},
+    {"GetIPv6Props", response, 0x24331110, 1, ipv6_props},
+    {"SetIPv4Address", request, 0x23331320, 0, ipv4_address},
+    {"SetIPv4Address", response, 0x23331320, 0, ipv4_address_return},
+    {"SetMtu", request, 0x20190222, 0, mtu},
+    {"SetMtu", response, 0x20190222, 0, result},
+    {"SetIPv6PrefixAndAddress", request, 0x24331320, 0, ipv6_prefix_addr_conf_list},
+    {"SetIPv6PrefixAndAddress", response, 0x24331320, 0, result},
+    {"AskStateRenotification", request, 0x13235326, 0, state_info},
+    {"RegisterPrefixStatus", request, 0x20150227, 0, register_prefix_status},
+    {"RegisterPrefixStatus", response, 0x20150227, 0, result},
+    {"Configure", request, 0x13235326, 1, intf_conf},
+    {"ConfigureAllIPv6Intf", request, 0x20161209, 0, value},
+    {"PrefixStatus", request, 0x20150226, 0, prefix_status},
 };
 
 } // namespace

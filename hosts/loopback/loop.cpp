@@ -50,9 +50,7 @@ bool refuse_in_turn(const char *caller)
 // A hook may hook again, for a next life; it is not called for this one.
 void call_hooks()
 {
-    auto called = std::move(hooks);
-    hooks.clear();
-    for (auto [hook, context] : called)
+    for (auto [hook, context] : std::exchange(hooks, {}))
         hook(context, tear_down_event);
 }
 

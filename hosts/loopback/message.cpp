@@ -260,7 +260,7 @@ void answer_unhandled(Message &message, const void *body)
     report_status(message, answer_unhandled_message, "nobody handles the message");
     if (message.stage == Stage::waiting)
         messages.erase(message.number);
-    else if (!message.is_notification)
+    else
         message.stage = Stage::ended;
 }
 

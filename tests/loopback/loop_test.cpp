@@ -89,6 +89,27 @@ TEST_F(LoopTest, TearDownTellsEveryHookOnce)
     EXPECT_EQ(calls.size(), 2u);
 }
 
+TEST_F(LoopTest, HooksCannotRunTheLoopAndMayHookForTheNextLife)
+{
+    static uint32_t calls;
+    calls = 0;
+    struct Again {
+        static void hook(void *, int32_t)
+        {
+            calls++;
+            EXPECT_EQ(gorvanet_loopback_run(), GORVANET_LOOPBACK_BUSY);
+            EXPECT_EQ(gorvanet_loopback_tear_down(), GORVANET_LOOPBACK_BUSY);
+            if (calls == 1)
+                EXPECT_EQ(ruvo_addEvtBase(hook, nullptr), 0);
+        }
+    };
+    EXPECT_EQ(ruvo_addEvtBase(Again::hook, nullptr), 0);
+    EXPECT_EQ(gorvanet_loopback_tear_down(), 0);
+    EXPECT_EQ(calls, 1u);
+    EXPECT_EQ(gorvanet_loopback_tear_down(), 0);
+    EXPECT_EQ(calls, 2u);
+}
+
 TEST_F(LoopTest, TearDownStopsTheLibrary)
 {
     start();

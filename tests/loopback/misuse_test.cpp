@@ -293,6 +293,25 @@ TEST_F(MisuseTest, Status20WithAForeignBodyLeavesThatBodyAlone)
     EXPECT_EQ(foreign, 0u);
 }
 
+// The body was on loan for the length of the receive function.
+TEST_F(MisuseTest, Status20WithABodyThatIsFreedAlready)
+{
+    start();
+    serve(true);
+    static void *borrowed;
+    gorvaNet_base.cmdMethods[0].recvReq = [](void *message, void *body, gorvaNet_function *function, void *data) {
+        borrowed = body;
+        gorvaNet_recvReq_setOsIfc(message, body, function, data);
+    };
+    send();
+    gorvanet_loopback_run();
+    seen.clear();
+    zebCore_sendMsgRes(deferred[0], borrowed, answer_unhandled_message, send_options);
+    EXPECT_EQ(only(GORVANET_LOOPBACK_STATUS).status, 20u);
+    expect_misuse("a body that is not the message's own");
+    EXPECT_EQ(ledger.freed[0], 2u);
+}
+
 TEST_F(MisuseTest, AnsweringWithTheRequestBodyDoesNotFreeItTwice)
 {
     start();

@@ -67,6 +67,31 @@ TEST_F(NotificationTest, GoesToEveryUserThatAcceptedIt)
     EXPECT_EQ(gorvanet_loopback_open_messages(), 0u);
 }
 
+// The library's own notification, on the library's own interface.
+TEST_F(NotificationTest, PrefixStatusTravelsThroughTheLibrary)
+{
+    EXPECT_EQ(gorvanet_loopback_remove_user(service), 0);
+    EXPECT_EQ(gorvanet_loopback_remove_user(client), 0);
+    start();
+    static std::string told;
+    told.clear();
+    auto take_status = [](void *, void *data, const char *name, const ipv6_prefixes *prefixes) {
+        EXPECT_EQ(data, &told);
+        EXPECT_EQ(prefixes->field3, 1u);
+        told = std::string(name) + " " + prefixes->prefixes[0].field3;
+    };
+    ASSERT_EQ(gorvaNet_modCliNtfyUser_recvMsg_prefixStatus(client, take_status, &told, nullptr, "bus", "service"), 0u);
+    EXPECT_EQ(gorvaNet_findSrvMthdNtfyUser(nullptr, nullptr, 0, nullptr), 1u);
+    ipv6_prefixes prefixes = {};
+    prefixes.field3 = 1;
+    std::string("2001:db8::").copy(prefixes.prefixes[0].field3, 45);
+    gorvaNet_sendReq_ntfyPrefixStatus(service, nullptr, nullptr, "lan", &prefixes);
+    gorvanet_loopback_run();
+    EXPECT_EQ(told, "lan 2001:db8::");
+    EXPECT_EQ(only(GORVANET_LOOPBACK_NOTIFIED).method, "PrefixStatus");
+    EXPECT_TRUE(log_lines.empty());
+}
+
 TEST_F(NotificationTest, OfAnotherSenderDoesNotArrive)
 {
     std::string letters;
@@ -142,7 +167,10 @@ TEST_F(NotificationTest, ThatCannotBeDecodedIsReportedForEachReceiver)
 
 TEST_F(NotificationTest, DoesNotReachAUserThatAHandlerRemoved)
 {
-    std::string letters;
+    std::string letters, thirds;
+    void *third = gorvanet_loopback_add_user("third");
+    interface.attach(third);
+    ASSERT_EQ(subscribe(third, thirds), 0);
     auto remove = [](void *, void *user, char) { gorvanet_loopback_remove_user(user); };
     auto *plain = reinterpret_cast<gorvaNet_function *>(static_cast<void (*)(void *, void *, char)>(remove));
     ASSERT_EQ(subscribe(service, plain, client), 0);
@@ -150,6 +178,7 @@ TEST_F(NotificationTest, DoesNotReachAUserThatAHandlerRemoved)
     notify('a');
     gorvanet_loopback_run();
     EXPECT_EQ(letters, "");
+    EXPECT_EQ(thirds, "a") << "and reaches those behind it";
     EXPECT_EQ(gorvanet_loopback_open_messages(), 0u);
 }
 

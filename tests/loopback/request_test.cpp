@@ -230,6 +230,7 @@ TEST_F(RequestTest, Status20MayComeLater)
     zebCore_sendMsgRes(deferred[0], nullptr, answer_unhandled_message, send_options);
     gorvanet_loopback_run();
     EXPECT_EQ(only(GORVANET_LOOPBACK_STATUS).status, 20u);
+    EXPECT_EQ(count(GORVANET_LOOPBACK_MISUSE), 0u);
     EXPECT_TRUE(results.empty());
     EXPECT_EQ(gorvanet_loopback_open_messages(), 0u);
 }
