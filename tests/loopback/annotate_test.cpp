@@ -134,6 +134,18 @@ TEST(AnnotateTest, AListThatIsTooLongAndDamaged)
               "60 elements[1].first  ! tag 9, expected 3\n");
 }
 
+TEST(AnnotateTest, OfAListThatIsTooLongAsManyAsFitAreRead)
+{
+    auto body = bytes(prologue + "00000003 00000004 00000003" + one_element + one_element + one_element +
+                      "00000005 00000004 00000001");
+    EXPECT_EQ(told(annotate(&nested, body)),
+              "0 magic Nested\n12 version 0\n24 elements 3 in the list ! a list holds at most 2\n"
+              "36 elements[0].first 7\n48 elements[0].second \"a\", NUL, 2 zero bytes\n"
+              "60 elements[1].first 7\n72 elements[1].second \"a\", NUL, 2 zero bytes\n"
+              "84 inner.first 7\n96 inner.second \"a\", NUL, 2 zero bytes\n"
+              "108 last 1\n");
+}
+
 TEST(AnnotateTest, WideItems)
 {
     auto body = bytes(prologue + "00000000 00000004 00000000 00000008 00000000 00000010 00000005 00000004 00000001");

@@ -224,6 +224,7 @@ TEST_F(MisuseTest, AnsweringAfterStatus20)
     in_handler = [&](void *message) {
         zebCore_sendMsgRes(message, nullptr, answer_unhandled_message, send_options);
         EXPECT_NE(zebCore_isMsg_needRes(message), 0);
+        EXPECT_EQ(count(GORVANET_LOOPBACK_MISUSE), 0u) << "status 20 needs no body";
         seen.clear();
         zebCore_sendMsgRes(message, new_response(), answer_normal, send_options);
     };
