@@ -8,7 +8,7 @@ calls() {
     sed -nE "s/^ *[0-9a-f]+:\t(call|jmp) +[0-9a-f]+ <(gorva[nN]et_[A-Za-z0-9_]+)$1>$/\2/p" "$scratch/code"
 }
 
-[ "$(calls @plt | sort -u | wc -l)" -ge 50 ] || fail "calls through the table were not found"
+[ "$(calls @plt | sort -u | wc -l)" -ge 30 ] || fail "calls through the table were not found"
 if calls "" | sort | uniq -c | grep .; then
     fail "direct calls of exported functions"
 fi
