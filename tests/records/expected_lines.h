@@ -17,34 +17,33 @@ using Tags = std::vector<uint32_t>;
 
 class ExpectedLines {
 public:
-  // `record_start` is where the record's encoding begins.
-  ExpectedLines(std::string logging_function, const void *record_start);
+    // `record_start` is where the record's encoding begins.
+    ExpectedLines(std::string logging_function, const void *record_start);
 
-  // The item here has another tag than the expected one.
-  ExpectedLines &wrong_tag(uint32_t found, uint32_t length, uint32_t expected);
+    // The item here has another tag than the expected one.
+    ExpectedLines &wrong_tag(uint32_t found, uint32_t length, uint32_t expected);
 
-  // A text of this size, NUL included, does not fit.
-  ExpectedLines &too_long(int size, int room);
+    // A text of this size, NUL included, does not fit.
+    ExpectedLines &too_long(int size, int room);
 
-  // One line for each field that is skipped after a failure.
-  ExpectedLines &before(const Tags &tags);
+    // One line for each field that is skipped after a failure.
+    ExpectedLines &before(const Tags &tags);
 
-  // What another codec logs at this point.
-  ExpectedLines &and_then(const LogLines &others);
+    // What another codec logs at this point.
+    ExpectedLines &and_then(const LogLines &others);
 
-  operator const LogLines &() const;
+    operator const LogLines &() const;
 
 private:
-  std::string function;
-  const void *start;
-  LogLines lines;
+    std::string function;
+    const void *start;
+    LogLines lines;
 };
 
 bool operator==(const LogLines &logged, const ExpectedLines &expected);
 std::ostream &operator<<(std::ostream &out, const ExpectedLines &expected);
 
-// As lines_ascend, for the lines of each function on its own: those of nested
-// codecs stand between them.
+// As lines_ascend, for the lines of each function on its own: those of nested codecs stand between them.
 bool lines_ascend_in_each_function(const LogLines &lines);
 
 #endif

@@ -2,9 +2,8 @@
 //
 //     "00000003 00000008 'abc' 00 ........"
 //
-// Digits are bytes in hexadecimal, quotes hold characters, ".." is a padding
-// byte: one that an encoder leaves as it finds it. "*45" behind a piece repeats
-// it. Blanks mean nothing.
+// Digits are bytes in hexadecimal, quotes hold characters, ".." is a padding byte: one that an encoder leaves as it
+// finds it. "*45" behind a piece repeats it. Blanks mean nothing.
 
 #ifndef GORVANET_TESTS_RECORDS_WIRE_H
 #define GORVANET_TESTS_RECORDS_WIRE_H
