@@ -35,12 +35,13 @@ struct Text {
 
 // The record of a body.
 struct Record {
-    RecordProbe *probe = nullptr; // null: the body has no record
-    size_t place = 0;             // of the record in memory
-    size_t offset = 0;            // of its first item in the encoded sample
-    std::string copy_failed;      // log line, without the line feed
-    std::string encoding_failed = "BodyReq(%p): On serialize failed(%d)\n";
-    std::vector<uint32_t> announced; // when it cannot be encoded or decoded
+    RecordProbe *probe = nullptr;    // null: the body has no record
+    const void *source = nullptr;    // what the sample is sent from
+    size_t size = 0;                 // in memory
+    size_t place = 0;                // of the record in the body
+    size_t offset = 0;               // of its first item in the encoded sample
+    std::string copy_failed;         // log line, without the line feed
+    std::vector<uint32_t> announced; // tags of the lines that follow when it cannot be encoded or decoded
 };
 
 // One direction of a method, with a sample.

@@ -1,5 +1,7 @@
 #include "commands/record.h"
 
+#include "gorvanet.h"
+
 RecordProbe::RecordProbe(const std::string &record)
     : copy_name("gorvaNet_" + record + "_copy"), clean_name("gorvaNet_" + record + "_clean"),
       serialize_lg_name("gorvaNet_" + record + "_serialize_lg"), serialize_name("gorvaNet_" + record + "_serialize"),

@@ -26,4 +26,14 @@ public:
     Interposed<uint32_t(void *record, const uint8_t **cursor)> unserialize;
 };
 
+// Records that bodies carry.
+extern RecordProbe state_info_probe;
+extern RecordProbe intfConf_probe;
+extern RecordProbe ipv4_address_return_probe;
+extern RecordProbe ipv4_address_probe;
+extern RecordProbe ipv6_prefix_addr_conf_list_probe;
+extern RecordProbe ipv4_properties_probe;
+extern RecordProbe ipv6_properties_probe;
+extern RecordProbe ipv6_prefixes_probe;
+
 #endif

@@ -8,6 +8,7 @@
 
 static_assert(std::is_same_v<gorvaNet_setOsIfc_response, void(void *context, void *user_data, uint32_t result)>);
 static_assert(std::is_same_v<gorvaNet_setOsIfc_handler, void(void *message, void *data, const char *ifName)>);
+static_assert(GORVANET_MAGIC_MSGCMD_SETOSIFC == 0x39132011);
 
 extern const Method set_os_ifc;
 const Method set_os_ifc = {
