@@ -1,0 +1,148 @@
+// Answers: from the handler's response, or from status 20, back to the client.
+
+#include "loop.h"
+#include "message.h"
+#include "report.h"
+
+#include <utility>
+
+namespace loopback {
+
+namespace {
+
+RequestContext *answering; // the context that a receiver borrows at present
+const Message *answering_message;
+const void *answering_body;
+
+// A client that does not take its response says so. The response is freed where it was decoded, in any case.
+void answer_context(const void *body, uint32_t status)
+{
+    if (status != answer_unhandled_message || (body && body != answering_body))
+        report_misuse("zebCore_sendMsgRes: a request context takes status %u with its own body only",
+                      answer_unhandled_message);
+    else
+        report_message(GORVANET_LOOPBACK_STATUS, GORVANET_BODY_RESPONSE, *answering_message, {}, status,
+                       "nobody takes the response");
+}
+
+void answer_unhandled(Message &message, const void *body)
+{
+    if (body && body != message.body)
+        report_misuse("zebCore_sendMsgRes: message %u: status %u comes with a body that is not the message's own",
+                      message.number, answer_unhandled_message);
+    report_status(message, answer_unhandled_message, "nobody handles the message");
+    if (message.stage == Stage::waiting)
+        end_message(message.number);
+    else
+        message.stage = Stage::ended;
+}
+
+void answer_normally(Message &message, void *pointer)
+{
+    if (!pointer) {
+        report_misuse("zebCore_sendMsgRes: message %u: no body", message.number);
+        return;
+    }
+    if (pointer == message.body) {
+        report_misuse("zebCore_sendMsgRes: message %u: the request body is no response", message.number);
+        return;
+    }
+    Body body(message.method, GORVANET_BODY_RESPONSE, pointer);
+    if (!message.receiver) {
+        report_misuse("zebCore_sendMsgRes: message %u wants no answer", message.number);
+        return;
+    }
+    Bytes bytes;
+    uint32_t status = body.encode(bytes);
+    if (status) {
+        report_refused(GORVANET_LOOPBACK_UNENCODABLE, GORVANET_BODY_RESPONSE, message, bytes, status);
+        if (message.stage == Stage::waiting)
+            end_message(message.number);
+        else
+            message.stage = Stage::ended;
+        return;
+    }
+    message.bytes = std::move(bytes);
+    message.stage = Stage::answered;
+    queue_message(message.number);
+    report_message(GORVANET_LOOPBACK_ANSWERED, GORVANET_BODY_RESPONSE, message, message.bytes);
+}
+
+bool is_answerable(const Message &message)
+{
+    return message.stage == Stage::handed_over || message.stage == Stage::waiting;
+}
+
+// A message that is known still says how its response is released.
+void refuse_answer(const Message &message, void *body, uint32_t status)
+{
+    if (message.stage == Stage::queued)
+        report_misuse("zebCore_sendMsgRes: message %u was not delivered yet", message.number);
+    else
+        report_misuse("zebCore_sendMsgRes: message %u was answered already", message.number);
+    if (status == answer_normal)
+        Body(message.method, GORVANET_BODY_RESPONSE, body);
+}
+
+} // namespace
+
+void deliver_response(Message &entry)
+{
+    // The request ends here: what is asked about it from the callback on finds no open message.
+    Message message = std::move(entry);
+    end_message(message.number);
+    const Bytes &bytes = message.bytes;
+    User *client = find_user(message.sender);
+    if (!client || !client->is_attached(message.interface_number)) {
+        report_message(GORVANET_LOOPBACK_UNDELIVERABLE, GORVANET_BODY_RESPONSE, message, bytes, 0,
+                       "the client was removed or detached before the answer");
+        return;
+    }
+    Body body(message.method, GORVANET_BODY_RESPONSE, nullptr);
+    uint32_t status = body.decode(bytes);
+    if (status) {
+        report_refused(GORVANET_LOOPBACK_UNDECODABLE, GORVANET_BODY_RESPONSE, message, bytes, status);
+        return;
+    }
+    report_message(GORVANET_LOOPBACK_DELIVERED, GORVANET_BODY_RESPONSE, message, bytes);
+    answering = &message.context;
+    answering_message = &message;
+    answering_body = body.get();
+    message.receiver(nullptr, &message.context, body.get());
+    answering = nullptr;
+    answering_message = nullptr;
+    answering_body = nullptr;
+}
+
+void answer(void *handle, void *body, uint32_t status)
+{
+    if (handle && handle == answering)
+        return answer_context(body, status);
+    uint32_t number = number_of(HandleKind::message, handle);
+    Message *message = find_message(number);
+    if (!message) {
+        report_misuse(was_a_message(number) ? "zebCore_sendMsgRes: message %u has ended already"
+                                            : "zebCore_sendMsgRes: message %u is unknown",
+                      number);
+        return;
+    }
+    if (!is_answerable(*message))
+        return refuse_answer(*message, body, status);
+    if (status == answer_unhandled_message)
+        return answer_unhandled(*message, body);
+    if (status == answer_normal)
+        return answer_normally(*message, body);
+    report_misuse("zebCore_sendMsgRes: message %u: status %u is unknown", number, status);
+}
+
+bool awaits_answer(void *handle)
+{
+    uint32_t number = number_of(HandleKind::message, handle);
+    if (const Message *message = find_message(number))
+        return message->receiver && is_answerable(*message);
+    if (!was_a_message(number))
+        report_misuse("zebCore_isMsg_needRes: message %p is unknown", handle);
+    return false;
+}
+
+} // namespace loopback
