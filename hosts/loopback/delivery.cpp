@@ -40,9 +40,9 @@ Message new_message(const User &sender, const Interface &interface, uint32_t met
 
 // ---- Handing over a request or notification -------------------------------------------------------------------------
 
-// Calls the receive function of the method's row. The message may have ended when this returns; `accepted` is a copy,
-// since a handler may change what its user accepts.
-void hand_over(Message &message, const Bytes &bytes, const Accepted accepted)
+// Calls the receive function of the method's row. A handler may change what its user accepts, and so end `accepted`:
+// nothing reads it behind the call.
+void hand_over(Message &message, const Bytes &bytes, const Accepted &accepted)
 {
     gorvaNet_recvReq *receive = method_rows(*accepted.block)[accepted.method].recvReq;
     if (!receive) {
@@ -99,7 +99,7 @@ void deliver_request(Message &message)
 std::vector<uint32_t> subscribers_of(const Message &message)
 {
     std::vector<uint32_t> found;
-    for (auto &[number, user] : users())
+    for (const auto &[number, user] : users())
         if (user.find_accepted(message.interface_number, message.method_index, message.sender_name))
             found.push_back(number);
     return found;

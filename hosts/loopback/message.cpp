@@ -26,7 +26,7 @@ uint32_t next_message_number()
     do {
         numbers_came_around |= last_message_number == last_handle_number;
         last_message_number = last_message_number % last_handle_number + 1;
-    } while (messages.count(last_message_number));
+    } while (messages.contains(last_message_number));
     return last_message_number;
 }
 

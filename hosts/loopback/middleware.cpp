@@ -217,7 +217,7 @@ uint32_t zebIntf_findSrvMthdNtfyUser(void *, void *, const char *interface_name,
         return 0;
     }
     uint32_t found = 0;
-    for (auto &[user_number, user] : users())
+    for (const auto &[user_number, user] : users())
         found += user.accepts(interface->number, number);
     return found;
 }

@@ -22,7 +22,7 @@ uint16_t next_interface_number()
         return 0;
     do
         last_interface_number = static_cast<uint16_t>(last_interface_number % most_numbers + 1);
-    while (all_interfaces.count(last_interface_number));
+    while (all_interfaces.contains(last_interface_number));
     return last_interface_number;
 }
 
@@ -30,7 +30,7 @@ uint32_t next_user_number()
 {
     do
         last_user_number = last_user_number % last_handle_number + 1;
-    while (all_users.count(last_user_number));
+    while (all_users.contains(last_user_number));
     return last_user_number;
 }
 
