@@ -1,4 +1,5 @@
-/* interposing_host LIBRARY: a process that defines exported functions itself is called by the library in their place. */
+/* interposing_host LIBRARY: a process that defines exported functions itself is called in their place, by the library
+ * too. */
 
 #include "gorvanet.h"
 
