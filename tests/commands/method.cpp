@@ -3,6 +3,7 @@
 #include "commands/record.h"
 
 #include <cstdlib>
+#include <ostream>
 #include <utility>
 
 namespace {
@@ -176,4 +177,16 @@ std::string name_of_method(const testing::TestParamInfo<const Method *> &info)
 std::string name_of_body(const testing::TestParamInfo<Direction> &info)
 {
     return info.param.method->suffix + (info.param.type == GORVANET_BODY_REQUEST ? "Request" : "Response");
+}
+
+// Without these, an address would stand in the list of tests.
+
+void PrintTo(const Method *method, std::ostream *out)
+{
+    *out << method->suffix;
+}
+
+void PrintTo(const Direction &direction, std::ostream *out)
+{
+    *out << direction.method->suffix << ", type " << direction.type;
 }

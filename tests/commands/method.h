@@ -10,6 +10,7 @@
 #include "support/library_test.h"
 
 #include <dlfcn.h>
+#include <iosfwd>
 #include <string>
 #include <vector>
 
@@ -206,5 +207,7 @@ std::vector<Direction> bodies_with_text();
 std::vector<Direction> bodies_with_record();
 std::string name_of_method(const testing::TestParamInfo<const Method *> &info);
 std::string name_of_body(const testing::TestParamInfo<Direction> &info);
+void PrintTo(const Method *method, std::ostream *out);
+void PrintTo(const Direction &direction, std::ostream *out);
 
 #endif
