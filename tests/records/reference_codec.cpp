@@ -132,7 +132,9 @@ public:
 
     bool decode_record(const Layout &layout, void *record)
     {
-        ExpectedLines own(layout.name + "_unserialize", wire + result.cursor);
+        // Lengths that wrap may have led anywhere: the place is a number before it is an address.
+        auto place = reinterpret_cast<uintptr_t>(wire) + result.cursor;
+        ExpectedLines own(layout.name + "_unserialize", reinterpret_cast<const void *>(place));
         for (const Field &field : layout.fields) {
             if (decode_field(field, record, own))
                 continue;

@@ -11,6 +11,11 @@ struct ChainLength {
     uint32_t length;
 };
 
+void PrintTo(const ChainLength &chain, std::ostream *out)
+{
+    *out << chain.characters << " characters";
+}
+
 // The table of lengths that every chain obeys: the text and its NUL rounded down to a multiple of 4, plus 4.
 class ChainLengthTest : public RecordTest, public testing::WithParamInterface<ChainLength> {};
 
