@@ -165,6 +165,11 @@ void success(const std::string &text)
     printf("\n  %s\n\n", in(Style::good, text).c_str());
 }
 
+void table_row(const std::string &first, const std::string &second, const std::string &third)
+{
+    printf("     %s%8s  %8s\n", in(Style::field, padded(first, 28)).c_str(), second.c_str(), third.c_str());
+}
+
 void dump(const std::string &name, const std::vector<Row> &rows, size_t size)
 {
     printf("     %s%s\n\n", in(Style::bold, padded("bus", 10)).c_str(),

@@ -19,6 +19,7 @@ void step(const std::string &who, const std::string &text);
 void log_line(int priority, const std::string &text); // what the library writes to the system log
 void failure(const std::string &text);
 void success(const std::string &text);
+void table_row(const std::string &first, const std::string &second, const std::string &third);
 void dump(const std::string &name, const std::vector<Row> &rows, size_t size);
 
 } // namespace demo
