@@ -188,8 +188,10 @@ GORVANET_API void gorvaNet_cbEvtMsgMngt_unreg_msgNtfy(uint16_t number);
  * library are named after their wire tag. Each record has the same five functions:
  *
  * copy          Copies field by field, texts as strncpy(3) does, and always terminates them; a source text that fills
- *               its array without a NUL loses its last character. Result: 0, or the first status other than 0 of a
- *               nested copy, which is logged by the outer one. Of a list, elements beyond the count stay untouched.
+ *               its array without a NUL loses its last character. Of a list, elements beyond the count stay untouched.
+ *               Result: 0, or the first status other than 0 of a nested copy, which ends the copy.
+ *               Log: "Copy <record> failed(%d)" for a failed nested record, "Copy <record> failed(%u)" for a failed
+ *               element of a list.
  * clean         Releases what the record owns, which is nothing; hands on to the clean of nested records. `record` may
  *               be null.
  * serialize_lg  Result: the exact number of bytes that serialize writes for this content.
@@ -431,7 +433,8 @@ GORVANET_API uint32_t gorvaNet_ipv4_address_unserialize(struct ipv4_address *rec
  *   Log: "user(%p): UserName Null"; "Allocating Memory Ctx[%s]".
  *
  * <method>_response (client)
- *   The callback for the answer. `context` is the middleware's request context, `user_data` the user data in it.
+ *   The callback for the answer. `context` is the middleware's request context, `user_data` the user data in it. A
+ *   context without a callback is answered with status 20 instead.
  *   Its receiver logs, under "gorvaNet_recvRes_<method>": "Ctx[NULL] text[%s]"; at priority 0
  *   "Check Magic[%s-%X] Ctx[ptr(%p) magic(%X)] text[%s]" before abort(3).
  *
@@ -450,28 +453,34 @@ GORVANET_API uint32_t gorvaNet_ipv4_address_unserialize(struct ipv4_address *rec
  *   Log: "Ctx[NULL] text[%s]"; at priority 0 "Check Magic[%s-%X] Ctx[ptr(%p) magic(%X)] text[%s]" before abort(3).
  *
  * sendRes (server)
- *   Answers the message, once. Does nothing when the message wants no answer.
+ *   Answers the message; answering once is the caller's duty. Does nothing when the middleware says that the message
+ *   wants no answer.
  *   Log: "Allocating Memory Ctx[%s]".
  *
  * Body callbacks (called by the middleware). `type` is GORVANET_BODY_REQUEST or GORVANET_BODY_RESPONSE; any other is
  * refused with "Type(%d) unknown", which in freeBody has no line feed. Lines about a request are logged under the
- * callback's name with "msgCmdReq", lines about a response with "msgCmdRes". A null or foreign body gives the two lines
- * of recvReq.
+ * callback's name with "msgCmdReq", lines about a response with "msgCmdRes".
  *
- * freeBody         Releases a body whose flag is 0, and leaves one with another flag alone. `body` may be null for a
- *                  request only.
+ * freeBody         Releases a body whose flag is 0, and leaves one with another flag alone. Of a request it looks for
+ *                  null, at the magic, then at the flag; of a response at the flag, then at the magic, and it must not
+ *                  be null (kept for compatibility).
+ *                  Log: the two lines of recvReq.
  * serializeBody    Encodes the body into a new buffer, which becomes the caller's, to be released with free(3).
  *                  Result: 0; 1 unknown type; 4 null body, or the status of an encoder that failed; 5 no memory. On a
  *                  failure `*buffer` and `*size` stay untouched.
- *                  Log: "Allocating Memory N Ctx[%s]"; the lines of the records; for a request
- *                  "BodyReq(%p): On serialize failed(%d)", for a response "pBodyReq(%p): On serialize failed(%d)",
- *                  and then the buffer is not released (kept for compatibility).
+ *                  Log: the two lines of recvReq; "Allocating Memory N Ctx[%s]"; the lines of the records;
+ *                  "lgChainIn(%d) lgMaxChainOut(%d)" for a text of the body itself;
+ *                  "pBody(%p): Type(%d) -> Error Before" for a number of the body itself behind a failure; then, for a request,
+ *                  "BodyReq(%p): On serialize failed(%d)", for a response "pBodyReq(%p): On serialize failed(%d)", and
+ *                  the buffer is not released (kept for compatibility).
  * unserializeBody  Decodes a buffer into a new body, which becomes the caller's, to be released with freeBody. It is
  *                  given no length: the items must be complete. `*size` becomes the body's size in memory. The magic
  *                  on the wire is taken over unchecked.
  *                  Result: 0; 1 unknown type; 2 bad prologue, or (without a log line) a version other than the
  *                  method's; 4 bad field; 5 no memory. On a failure `*body` and `*size` stay untouched.
- *                  Log: "Allocating Memory Ctx[%s]"; the lines of the records.
+ *                  Log: "Allocating Memory Ctx[%s]"; the lines of the records; for the prologue and the fields of the
+ *                  body itself the same lines as for those of a record, but that a failure in the prologue announces no
+ *                  field behind it.
  * logBody          Stores a new empty text, to be released with free(3), or null when there is no memory for it.
  *                  Arguments but `text` are ignored.
  *                  Log: "Invalid parameter" for a null `text`; "Allocating Memory N Ctx[%s]".
@@ -744,8 +753,9 @@ GORVANET_API uint32_t gorvaNet_modCliNtfyUser_recvMsg_prefixStatus(void *user, g
                                                                    void *data, void *value3, const char *bus_name,
                                                                    const char *user_name);
 
-/* As recvReq and the body callbacks of the one-way commands, but that freeBody has no check for null and looks at the
- * flag before the magic. Lines about the body are logged under the callback's name with "msgNtfyReq". */
+/* As recvReq and the body callbacks of the one-way commands, but that freeBody treats the body as that of a response:
+ * it looks at the flag, then at the magic, and the body must not be null. Lines about the body are logged under the
+ * callback's name with "msgNtfyReq". */
 GORVANET_API gorvaNet_recvReq gorvaNet_recvReq_ntfyPrefixStatus;
 GORVANET_API gorvaNet_freeBody gorvaNet_cbEvtMsgMngt_freeBody_msgNtfy_prefixStatus;
 GORVANET_API gorvaNet_serializeBody gorvaNet_cbEvtMsgMngt_serializeBody_msgNtfy_prefixStatus;

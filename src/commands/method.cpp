@@ -22,10 +22,9 @@ void release(const BodyKind &kind, void *body)
 
 void free_request(const Method &method, void *body)
 {
-    Where where = here(method.request.free_name);
-    if (!check_body_present(body, where))
+    if (!check_body_present(body, here(method.request.free_name)))
         return;
-    check_body_magic(body, method.magic, method.magic_name, where);
+    check_body_magic(body, method.magic, method.magic_name, here(method.request.free_name));
     if (!flag_of(body))
         release(method.request, body);
 }

@@ -76,7 +76,8 @@ inline void copy_bytes(void *to, const void *from, uint32_t size)
         target[i] = source[i];
 }
 
-// Copies a text between two arrays of the same capacity: the rest is zeroed, and the last byte is always a NUL.
+// Copies a text into an array, from another array of the same capacity or from a terminated text of any length: what
+// does not fit is cut, the rest of the array is zeroed, and its last byte is always a NUL.
 template <uint32_t Capacity> void copy_text(char (&to)[Capacity], const char *from)
 {
     strncpy(to, from, Capacity);
