@@ -42,7 +42,7 @@ extern "C" {
 #define GORVANET_FLAGS_BASE_REG_CMD  0x1u /* the command interface is registered with the middleware */
 #define GORVANET_FLAGS_BASE_REG_NTFY 0x2u /* the notification interface is registered */
 
-#define GORVANET_NUM_NONE 0xffffu /* message-management number of an interface that is not registered */
+#define GORVANET_NUM_NONE 0xffffu /* no message-management number */
 
 #define GORVANET_COUNT_CMD  12 /* methods of the command interface */
 #define GORVANET_COUNT_NTFY 1  /* methods of the notification interface */
@@ -85,7 +85,7 @@ struct gorvaNet_interface {
     uint32_t magic;
     const char *name;
     gorvaNet_unreg *unreg;
-    uint16_t num; /* message-management number; GORVANET_NUM_NONE while not registered */
+    uint16_t num; /* message-management number; GORVANET_NUM_NONE before the start and after a release */
     uint16_t count;
 };
 
@@ -148,7 +148,7 @@ GORVANET_API void gorvaNet_cbEvtMsgError(void);
 #define GORVANET_SELECT_CMD  1u
 #define GORVANET_SELECT_NTFY 2u
 
-/* Attaches a middleware user to the selected interfaces. An interface that is not registered is skipped. `value` and
+/* Attaches a middleware user to the selected interfaces. One whose number is GORVANET_NUM_NONE is skipped. `value` and
  * `reference` are passed to the middleware unchanged.
  *
  * Result: 0 or the middleware's error code; the first failure ends the call and nothing is undone.
@@ -198,13 +198,14 @@ GORVANET_API void gorvaNet_cbEvtMsgMngt_unreg_msgNtfy(uint16_t number);
  * serialize     Writes the record's items at `*cursor` and moves the cursor behind them. The caller provides
  *               serialize_lg zeroed bytes: padding is not written. Texts must be terminated.
  *               Result: 0, or 4 with the cursor at the item that failed.
- *               Log: "lgChainIn(%d) lgMaxChainOut(%d)", and for some records
- *               "pBody(%p): Type(%d) -> Error Before" once for each later field.
+ *               Log: "lgChainIn(%d) lgMaxChainOut(%d)", then "pBody(%p): Type(%d) -> Error Before" once for each later
+ *               number of the record, and in ipv6_prefix for each later text too.
  * unserialize   Reads the record's items at `*cursor` and moves the cursor behind them. It is given no length: the
  *               items must be complete. Bytes behind a text's NUL stay as they were.
  *               Result: 0, or 4 with the cursor at the item that failed and the fields from there on as they were.
  *               Log: "pBody(%p): Tl(%u-%u) expectded(%u)" for a wrong tag, "lgChainIn(%d) lgMaxChainOut(%d)" for a text
- *               that does not fit, then "pBody(%p): Type(%d) -> Error Before" once for each later field.
+ *               that does not fit, then "pBody(%p): Type(%d) -> Error Before" once for each later number and text of
+ *               the record; nested records and the elements of lists are not announced.
  */
 
 /* State and a text that goes with it. Encodes to 24 bytes at least and 68 at most. */
@@ -341,8 +342,8 @@ GORVANET_API uint32_t gorvaNet_ipv6_prefix_addr_conf_list_serialize(const struct
 GORVANET_API uint32_t gorvaNet_ipv6_prefix_addr_conf_list_unserialize(struct ipv6_prefix_addr_conf_list *record,
                                                                       const uint8_t **cursor);
 
-/* The IPv6 state of an interface. Encodes to 156 bytes at least. Counts are not bounded, but of each array no more than
- * its elements are used. */
+/* The IPv6 state of an interface. Encodes to 156 bytes at least and 5176 at most. Counts are not bounded, but of each
+ * array no more than its elements are used. */
 struct ipv6_properties {
     int8_t field3;
     int8_t field4;
@@ -470,9 +471,9 @@ GORVANET_API uint32_t gorvaNet_ipv4_address_unserialize(struct ipv4_address *rec
  *                  failure `*buffer` and `*size` stay untouched.
  *                  Log: the two lines of recvReq; "Allocating Memory N Ctx[%s]"; the lines of the records;
  *                  "lgChainIn(%d) lgMaxChainOut(%d)" for a text of the body itself;
- *                  "pBody(%p): Type(%d) -> Error Before" for a number of the body itself behind a failure; then, for a request,
- *                  "BodyReq(%p): On serialize failed(%d)", for a response "pBodyReq(%p): On serialize failed(%d)", and
- *                  the buffer is not released (kept for compatibility).
+ *                  "pBody(%p): Type(%d) -> Error Before" for a number of the body itself behind a failure; then
+ *                  "BodyReq(%p): On serialize failed(%d)" for a request, "pBodyReq(%p): On serialize failed(%d)" for a
+ *                  response, and the buffer is not released (kept for compatibility).
  * unserializeBody  Decodes a buffer into a new body, which becomes the caller's, to be released with freeBody. It is
  *                  given no length: the items must be complete. `*size` becomes the body's size in memory. The magic
  *                  on the wire is taken over unchecked.

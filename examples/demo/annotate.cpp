@@ -172,7 +172,7 @@ private:
         return !is_damaged_;
     }
 
-    void expect(Row &row, uint32_t expected, const char *meaning)
+    static void expect(Row &row, uint32_t expected, const char *meaning)
     {
         auto value = static_cast<uint32_t>(big_endian(row.value.first(number_size)));
         row.meaning = *meaning ? meaning : format("%u", value);

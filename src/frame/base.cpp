@@ -1,4 +1,4 @@
-// The interface descriptor with its method tables: the only place that names every method.
+// The interface descriptor with its method tables: the only source that names every method.
 
 #include "gorvanet.h"
 
