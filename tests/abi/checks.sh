@@ -1,3 +1,4 @@
+# shellcheck shell=bash
 # For the scripts of this directory: reading symbol tables, and counting what is wrong.
 
 set -euo pipefail

@@ -13,9 +13,9 @@ printf '%s\n' _ITM_deregisterTMCloneTable _ITM_registerTMCloneTable __gmon_start
 imported "$library" >"$scratch/imported"
 [ -s "$scratch/imported" ] || fail "no imports found"
 sort "$scratch/host" "$scratch/libc" "$scratch/weak" | comm -23 "$scratch/imported" - >"$scratch/surplus"
-[ ! -s "$scratch/surplus" ] || fail "imports that nobody promised:" $(cat "$scratch/surplus")
+[ ! -s "$scratch/surplus" ] || fail "imports that nobody promised: $(xargs <"$scratch/surplus")"
 comm -13 "$scratch/imported" "$scratch/host" >"$scratch/unused"
-[ ! -s "$scratch/unused" ] || fail "functions of the host process that are never called:" $(cat "$scratch/unused")
+[ ! -s "$scratch/unused" ] || fail "functions of the host process that are never called: $(xargs <"$scratch/unused")"
 
 # What the start files name must stay weak: a process without it still loads.
 nm -D --undefined-only "$library" | awk '$1 == "U" { print $2 }' | sed 's/@.*//' | sort >"$scratch/strong"
