@@ -67,13 +67,35 @@ inline void store_u64(uint8_t *at, uint64_t value)
     store_u32(at + 4, static_cast<uint32_t>(value));
 }
 
-// Copies a text of known size, NUL included.
-inline void copy_bytes(void *to, const void *from, uint32_t size)
+inline void copy_word(char *to, const char *from)
 {
-    auto *target = static_cast<char *>(to);
-    const auto *source = static_cast<const char *>(from);
-    for (uint32_t i = 0; i < size; i++)
-        target[i] = source[i];
+    uint32_t word;
+    __builtin_memcpy(&word, from, sizeof word);
+    __builtin_memcpy(to, &word, sizeof word);
+}
+
+inline void copy_two_words(char *to, const char *from)
+{
+    copy_word(to, from);
+    copy_word(to + 4, from + 4);
+}
+
+// Copies a text of known size, NUL included, in blocks of which the last may overlap the one before. Nothing behind the
+// NUL is read or written.
+inline void copy_bytes(char *to, const char *from, uint32_t size)
+{
+    if (size >= 8) {
+        uint32_t last = size - 8;
+        for (uint32_t i = 0; i < last; i += 8)
+            copy_two_words(to + i, from + i);
+        copy_two_words(to + last, from + last);
+    } else if (size >= 4) {
+        copy_word(to, from);
+        copy_word(to + size - 4, from + size - 4);
+    } else {
+        for (uint32_t i = 0; i < size; i++)
+            to[i] = from[i];
+    }
 }
 
 // Copies a text into an array, from another array of the same capacity or from a terminated text of any length: what
@@ -160,7 +182,7 @@ inline void put_text(Writer &out, uint32_t tag, const char *text, int line = __b
     }
     store_u32(out.at, tag);
     store_u32(out.at + 4, length);
-    copy_bytes(out.at + header_size, text, size);
+    copy_bytes(reinterpret_cast<char *>(out.at + header_size), text, size);
     out.at += header_size + length;
 }
 
