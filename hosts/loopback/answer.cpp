@@ -10,19 +10,30 @@ namespace loopback {
 
 namespace {
 
-RequestContext *answering; // the context that a receiver borrows at present
-const Message *answering_message;
-const void *answering_body;
+const Message *answering; // the message whose response and context a receiver borrows at present
+
+bool is_borrowed_context(const void *handle)
+{
+    return answering && handle == &answering->context;
+}
+
+// Of a body that came with a refused answer: status 0 makes it the host's, unless it is the one that was on loan.
+void release_refused(const Message &message, void *body, uint32_t status)
+{
+    if (status == answer_normal && body != message.body)
+        Body(message.method, GORVANET_BODY_RESPONSE, body);
+}
 
 // A client that does not take its response says so. The response is freed where it was decoded, in any case.
-void answer_context(const void *body, uint32_t status)
+void answer_context(void *body, uint32_t status)
 {
-    if (status != answer_unhandled_message || (body && body != answering_body))
-        report_misuse("zebCore_sendMsgRes: a request context takes status %u with its own body only",
-                      answer_unhandled_message);
-    else
-        report_message(GORVANET_LOOPBACK_STATUS, GORVANET_BODY_RESPONSE, *answering_message, {}, status,
-                       "nobody takes the response");
+    if (status == answer_unhandled_message && (!body || body == answering->body)) {
+        report_status(*answering, status, "nobody takes the response");
+        return;
+    }
+    report_misuse("zebCore_sendMsgRes: a request context takes status %u with its own body only",
+                  answer_unhandled_message);
+    release_refused(*answering, body, status);
 }
 
 void answer_unhandled(Message &message, const void *body)
@@ -73,15 +84,14 @@ bool is_answerable(const Message &message)
     return message.stage == Stage::handed_over || message.stage == Stage::waiting;
 }
 
-// A message that is known still says how its response is released.
-void refuse_answer(const Message &message, void *body, uint32_t status)
+// What speaks against an answer to this message now; null: nothing.
+const char *objection_to_answer(const Message &message)
 {
+    if (in_observer())
+        return "cannot be answered from inside the observer";
     if (message.stage == Stage::queued)
-        report_misuse("zebCore_sendMsgRes: message %u was not delivered yet", message.number);
-    else
-        report_misuse("zebCore_sendMsgRes: message %u was answered already", message.number);
-    if (status == answer_normal)
-        Body(message.method, GORVANET_BODY_RESPONSE, body);
+        return "was not delivered yet";
+    return is_answerable(message) ? nullptr : "was answered already";
 }
 
 } // namespace
@@ -105,29 +115,30 @@ void deliver_response(Message &entry)
         return;
     }
     report_message(GORVANET_LOOPBACK_DELIVERED, GORVANET_BODY_RESPONSE, message, bytes);
-    answering = &message.context;
-    answering_message = &message;
-    answering_body = body.get();
+    message.body = body.get();
+    answering = &message;
     message.receiver(nullptr, &message.context, body.get());
     answering = nullptr;
-    answering_message = nullptr;
-    answering_body = nullptr;
 }
 
 void answer(void *handle, void *body, uint32_t status)
 {
-    if (handle && handle == answering)
+    if (is_borrowed_context(handle))
         return answer_context(body, status);
     uint32_t number = number_of(HandleKind::message, handle);
     Message *message = find_message(number);
     if (!message) {
-        report_misuse(was_a_message(number) ? "zebCore_sendMsgRes: message %u has ended already"
-                                            : "zebCore_sendMsgRes: message %u is unknown",
-                      number);
+        if (was_a_message(number))
+            report_misuse("zebCore_sendMsgRes: message %u has ended already", number);
+        else
+            report_misuse("zebCore_sendMsgRes: message %p is unknown", handle);
         return;
     }
-    if (!is_answerable(*message))
-        return refuse_answer(*message, body, status);
+    if (const char *objection = objection_to_answer(*message)) {
+        report_misuse("zebCore_sendMsgRes: message %u %s", number, objection);
+        release_refused(*message, body, status);
+        return;
+    }
     if (status == answer_unhandled_message)
         return answer_unhandled(*message, body);
     if (status == answer_normal)

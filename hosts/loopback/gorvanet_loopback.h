@@ -55,7 +55,7 @@ extern "C" {
 #define GORVANET_LOOPBACK_NOT_ATTACHED   104 /* the user is not attached to the interface */
 #define GORVANET_LOOPBACK_UNKNOWN_METHOD 105 /* the interface has no method of this index */
 #define GORVANET_LOOPBACK_WRONG_NAME     106 /* not the name of the interface that the blocks or the number belong to */
-#define GORVANET_LOOPBACK_BUSY           107 /* called from inside a turn of the loop, where it is not possible */
+#define GORVANET_LOOPBACK_BUSY           107 /* called from inside a turn or the observer, where it cannot be */
 
 /* ---- Users ------------------------------------------------------------------------------------------------------- */
 
@@ -142,7 +142,9 @@ struct gorvanet_loopback_event {
     const char *text;     /* says more about a failure */
 };
 
-/* Sees everything that happens on the bus. It must not call the host or the library. */
+/* Sees everything that happens on the bus, from the middle of it. It may stop the loop, post functions, ask, and hand
+ * over to another observer. What would change the bus is refused, and said on stderr: it is not called from inside
+ * itself. */
 typedef void gorvanet_loopback_observer(void *data, const struct gorvanet_loopback_event *event);
 
 /* Sets the observer, in place of the earlier one. Null: none; then failures, from GORVANET_LOOPBACK_STATUS on, are

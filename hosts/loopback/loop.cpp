@@ -23,15 +23,27 @@ struct Turn {
     void *data;
 };
 
-std::deque<Turn> turns;
-std::vector<std::pair<Hook *, void *>> hooks;
+// Both are made on first use and never ended, as the tables of the registry.
+
+std::deque<Turn> &turns()
+{
+    static auto &queue = *new std::deque<Turn>;
+    return queue;
+}
+
+std::vector<std::pair<Hook *, void *>> &hooks()
+{
+    static auto &list = *new std::vector<std::pair<Hook *, void *>>;
+    return list;
+}
+
 bool in_turn;
 bool stopped;
 
 void take_turn()
 {
-    Turn turn = turns.front();
-    turns.pop_front();
+    Turn turn = turns().front();
+    turns().pop_front();
     in_turn = true;
     if (turn.function)
         turn.function(turn.data);
@@ -40,8 +52,10 @@ void take_turn()
     in_turn = false;
 }
 
-bool refuse_in_turn(const char *caller)
+bool is_busy(const char *caller)
 {
+    if (refuse_in_observer(caller))
+        return true;
     if (in_turn)
         report_misuse("%s: called from inside a turn of the loop", caller);
     return in_turn;
@@ -50,7 +64,7 @@ bool refuse_in_turn(const char *caller)
 // A hook may hook again, for a next life; it is not called for this one.
 void call_hooks()
 {
-    for (auto [hook, context] : std::exchange(hooks, {}))
+    for (auto [hook, context] : std::exchange(hooks(), {}))
         hook(context, tear_down_event);
 }
 
@@ -59,13 +73,13 @@ void call_hooks()
 void add_hook(Hook *hook, void *context)
 {
     auto entry = std::make_pair(hook, context);
-    if (std::find(hooks.begin(), hooks.end(), entry) == hooks.end())
-        hooks.push_back(entry);
+    if (std::find(hooks().begin(), hooks().end(), entry) == hooks().end())
+        hooks().push_back(entry);
 }
 
 void queue_message(uint32_t message)
 {
-    turns.push_back({message, nullptr, nullptr});
+    turns().push_back({message, nullptr, nullptr});
 }
 
 } // namespace loopback
@@ -74,19 +88,19 @@ using namespace loopback;
 
 int32_t gorvanet_loopback_run()
 {
-    if (refuse_in_turn(__func__))
+    if (is_busy(__func__))
         return GORVANET_LOOPBACK_BUSY;
     stopped = false;
-    while (!turns.empty() && !stopped)
+    while (!turns().empty() && !stopped)
         take_turn();
     return stopped ? GORVANET_LOOPBACK_STOPPED : GORVANET_LOOPBACK_IDLE;
 }
 
 int32_t gorvanet_loopback_turn()
 {
-    if (refuse_in_turn(__func__))
+    if (is_busy(__func__))
         return GORVANET_LOOPBACK_BUSY;
-    if (turns.empty())
+    if (turns().empty())
         return GORVANET_LOOPBACK_IDLE;
     take_turn();
     return GORVANET_LOOPBACK_STOPPED;
@@ -103,22 +117,23 @@ int32_t gorvanet_loopback_post(void (*function)(void *data), void *data)
         report_misuse("%s: no function", __func__);
         return GORVANET_LOOPBACK_BAD_ARGUMENT;
     }
-    turns.push_back({0, function, data});
+    turns().push_back({0, function, data});
     return 0;
 }
 
 int32_t gorvanet_loopback_tear_down()
 {
-    if (refuse_in_turn(__func__))
+    if (is_busy(__func__))
         return GORVANET_LOOPBACK_BUSY;
     in_turn = true; // what is called from here on must not run the loop
     call_hooks();
-    drop_messages();
-    turns.clear();
-    while (!users().empty())
-        remove_user(*find_user(users().begin()->first));
     while (uint16_t number = any_registered_number())
         gorvanet_loopback_withdraw(number);
+    // Hooks and unreg callbacks may have left something behind: it ends with the rest.
+    drop_messages();
+    turns().clear();
+    while (!users().empty())
+        remove_user(*find_user(users().begin()->first));
     in_turn = false;
     return 0;
 }

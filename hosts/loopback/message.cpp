@@ -9,7 +9,13 @@ namespace loopback {
 
 namespace {
 
-std::map<uint32_t, Message> messages;
+// Made on first use and never ended, as the tables of the registry.
+std::map<uint32_t, Message> &messages()
+{
+    static auto &table = *new std::map<uint32_t, Message>;
+    return table;
+}
+
 uint32_t last_message_number;
 bool numbers_came_around;
 
@@ -18,7 +24,7 @@ bool numbers_came_around;
 Message &keep_message(Message message)
 {
     uint32_t number = message.number;
-    return messages[number] = std::move(message);
+    return messages()[number] = std::move(message);
 }
 
 uint32_t next_message_number()
@@ -26,14 +32,14 @@ uint32_t next_message_number()
     do {
         numbers_came_around |= last_message_number == last_handle_number;
         last_message_number = last_message_number % last_handle_number + 1;
-    } while (messages.contains(last_message_number));
+    } while (messages().contains(last_message_number));
     return last_message_number;
 }
 
 Message *find_message(uint32_t number)
 {
-    auto found = messages.find(number);
-    return found == messages.end() ? nullptr : &found->second;
+    auto found = messages().find(number);
+    return found == messages().end() ? nullptr : &found->second;
 }
 
 bool was_a_message(uint32_t number)
@@ -43,12 +49,12 @@ bool was_a_message(uint32_t number)
 
 void end_message(uint32_t number)
 {
-    messages.erase(number);
+    messages().erase(number);
 }
 
 void end_messages_of(const User &user)
 {
-    for (auto next = messages.begin(); next != messages.end();) {
+    for (auto next = messages().begin(); next != messages().end();) {
         const Message &message = (next++)->second;
         if (message.stage == Stage::waiting && (message.sender == user.number || message.server == user.number))
             end_undeliverable(message, GORVANET_BODY_RESPONSE, {}, "a user was removed before the answer");
@@ -57,8 +63,8 @@ void end_messages_of(const User &user)
 
 void drop_messages()
 {
-    while (!messages.empty()) {
-        const Message &message = messages.begin()->second;
+    while (!messages().empty()) {
+        const Message &message = messages().begin()->second;
         bool forth = message.stage == Stage::queued;
         end_undeliverable(message, forth ? GORVANET_BODY_REQUEST : GORVANET_BODY_RESPONSE, message.bytes,
                           forth                              ? "the host was torn down before its turn"
@@ -100,18 +106,20 @@ void report_refused(gorvanet_loopback_kind kind, uint32_t direction, const Messa
 void end_undeliverable(const Message &message, uint32_t direction, const Bytes &bytes, const char *reason)
 {
     report_message(GORVANET_LOOPBACK_UNDELIVERABLE, direction, message, bytes, 0, reason);
-    messages.erase(message.number);
+    messages().erase(message.number);
 }
 
 } // namespace loopback
 
 uint32_t gorvanet_loopback_open_messages()
 {
-    return static_cast<uint32_t>(loopback::messages.size());
+    return static_cast<uint32_t>(loopback::messages().size());
 }
 
 int32_t gorvanet_loopback_remove_user(void *handle)
 {
+    if (loopback::refuse_in_observer())
+        return GORVANET_LOOPBACK_BUSY;
     loopback::User *user = loopback::find_user(loopback::number_of(loopback::HandleKind::user, handle));
     if (!user) {
         loopback::report_misuse("gorvanet_loopback_remove_user: user %p is unknown", handle);

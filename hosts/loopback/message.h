@@ -35,7 +35,7 @@ struct Message {
     std::string server_name;
     Receiver *receiver; // null: no answer is awaited
     RequestContext context;
-    const void *body; // while handed over: what the receive function borrows
+    const void *body; // while it is handed over: the request or response that the other side borrows
     Bytes bytes;
 };
 

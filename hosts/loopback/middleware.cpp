@@ -72,6 +72,8 @@ struct Accept {
 
 int32_t accept(const Accept &request, Accepted entry, const char *caller = __builtin_FUNCTION())
 {
+    if (refuse_in_observer(caller))
+        return GORVANET_LOOPBACK_BUSY;
     User *user = known_user(HandleKind::user, request.user, caller);
     if (!user)
         return GORVANET_LOOPBACK_UNKNOWN_USER;
@@ -117,6 +119,8 @@ int32_t ruvo_addEvtBase(void (*callback)(void *context, int32_t event), void *co
 
 uint16_t zebCore_getBase_msgMngt(const char *interface_name, MessageManagement **block, uint32_t count)
 {
+    if (refuse_in_observer())
+        return GORVANET_NUM_NONE;
     if (!is_present(interface_name, "interface name") || !is_present(block, "address for the block"))
         return GORVANET_NUM_NONE;
     if (count > UINT16_MAX) {
@@ -134,6 +138,8 @@ uint16_t zebCore_getBase_msgMngt(const char *interface_name, MessageManagement *
 
 int32_t zebCore_putBase_msgMngt(uint32_t number, uint32_t)
 {
+    if (refuse_in_observer())
+        return GORVANET_LOOPBACK_BUSY;
     Interface *interface = known_interface(number);
     if (!interface)
         return GORVANET_LOOPBACK_UNKNOWN_NUMBER;
@@ -143,6 +149,8 @@ int32_t zebCore_putBase_msgMngt(uint32_t number, uint32_t)
 
 int32_t gorvanet_loopback_withdraw(uint16_t number)
 {
+    if (refuse_in_observer())
+        return GORVANET_LOOPBACK_BUSY;
     Interface *interface = known_interface(number);
     if (!interface)
         return GORVANET_LOOPBACK_UNKNOWN_NUMBER;
@@ -154,6 +162,8 @@ int32_t gorvanet_loopback_withdraw(uint16_t number)
 
 int32_t zebIntf_regUser_msgMngt(void *user, void *value, void *reference, uint32_t number, uint32_t, uint32_t)
 {
+    if (refuse_in_observer())
+        return GORVANET_LOOPBACK_BUSY;
     User *known = known_user(HandleKind::user, user);
     if (!known)
         return GORVANET_LOOPBACK_UNKNOWN_USER;
@@ -166,6 +176,8 @@ int32_t zebIntf_regUser_msgMngt(void *user, void *value, void *reference, uint32
 
 int32_t zebIntf_unregUser_msgMngt(void *user, uint32_t number, uint32_t, uint32_t)
 {
+    if (refuse_in_observer())
+        return GORVANET_LOOPBACK_BUSY;
     User *known = known_user(HandleKind::user, user);
     if (!known)
         return GORVANET_LOOPBACK_UNKNOWN_USER;
@@ -239,6 +251,8 @@ uint32_t zebCore_sendMsgReq_toNameUser(void *core_user, void *body, Receiver *re
     if (!record)
         return 0;
     Body owned(*record, GORVANET_BODY_REQUEST, body);
+    if (refuse_in_observer())
+        return 0;
     const User *sender = known_user(HandleKind::core_user, core_user);
     if (!sender || !is_attached(*sender, *interface) || !is_present(server, "name of a serving user") ||
         !is_present(body, "body"))
@@ -255,6 +269,8 @@ uint32_t zebIntf_sendReq_ntfy(void *user, void *body, uint32_t, uint32_t, uint32
     if (!record)
         return 0;
     Body owned(*record, GORVANET_BODY_REQUEST, body);
+    if (refuse_in_observer())
+        return 0;
     const User *sender = known_user(HandleKind::user, user);
     if (!sender || !is_attached(*sender, *interface) ||
         !has_name(interface->name.c_str(), interface_name, notification_suffix) || !is_present(body, "body"))

@@ -9,8 +9,20 @@ namespace loopback {
 
 namespace {
 
-std::map<uint16_t, Interface> all_interfaces;
-std::map<uint32_t, User> all_users;
+// The tables are made on first use and never end: static objects may use the host before main and after it.
+
+std::map<uint16_t, Interface> &all_interfaces()
+{
+    static auto &table = *new std::map<uint16_t, Interface>;
+    return table;
+}
+
+std::map<uint32_t, User> &all_users()
+{
+    static auto &table = *new std::map<uint32_t, User>;
+    return table;
+}
+
 uint16_t last_interface_number;
 uint32_t last_user_number;
 
@@ -18,11 +30,11 @@ uint32_t last_user_number;
 uint16_t next_interface_number()
 {
     constexpr uint32_t most_numbers = GORVANET_NUM_NONE - 1;
-    if (all_interfaces.size() >= most_numbers)
+    if (all_interfaces().size() >= most_numbers)
         return 0;
     do
         last_interface_number = static_cast<uint16_t>(last_interface_number % most_numbers + 1);
-    while (all_interfaces.contains(last_interface_number));
+    while (all_interfaces().contains(last_interface_number));
     return last_interface_number;
 }
 
@@ -30,7 +42,7 @@ uint32_t next_user_number()
 {
     do
         last_user_number = last_user_number % last_handle_number + 1;
-    while (all_users.contains(last_user_number));
+    while (all_users().contains(last_user_number));
     return last_user_number;
 }
 
@@ -53,7 +65,7 @@ Interface *register_interface(const char *name, uint32_t count)
         uint16_t number = next_interface_number();
         if (!number)
             return nullptr;
-        interface = &all_interfaces[number];
+        interface = &all_interfaces()[number];
         interface->number = number;
         interface->name = name;
     }
@@ -66,13 +78,13 @@ Interface *find_interface(uint32_t number)
 {
     if (number >= GORVANET_NUM_NONE)
         return nullptr;
-    auto found = all_interfaces.find(static_cast<uint16_t>(number));
-    return found == all_interfaces.end() ? nullptr : &found->second;
+    auto found = all_interfaces().find(static_cast<uint16_t>(number));
+    return found == all_interfaces().end() ? nullptr : &found->second;
 }
 
 Interface *find_interface(const std::string &name)
 {
-    for (auto &[number, interface] : all_interfaces)
+    for (auto &[number, interface] : all_interfaces())
         if (interface.name == name)
             return &interface;
     return nullptr;
@@ -80,16 +92,16 @@ Interface *find_interface(const std::string &name)
 
 MessageManagement release_interface(Interface &interface)
 {
-    for (auto &[number, user] : all_users)
+    for (auto &[number, user] : all_users())
         user.detach(interface.number);
     MessageManagement head = *interface.block;
-    all_interfaces.erase(interface.number);
+    all_interfaces().erase(interface.number);
     return head;
 }
 
 uint16_t any_registered_number()
 {
-    return all_interfaces.empty() ? uint16_t{0} : all_interfaces.begin()->first;
+    return all_interfaces().empty() ? uint16_t{0} : all_interfaces().begin()->first;
 }
 
 const MethodRecord *find_method(const Interface &interface, uint32_t method, const char *caller)
@@ -152,7 +164,7 @@ void User::accept(const Accepted &entry)
 User *add_user(const std::string &name)
 {
     uint32_t number = next_user_number();
-    User &user = all_users[number];
+    User &user = all_users()[number];
     user.number = number;
     user.name = name;
     return &user;
@@ -160,18 +172,18 @@ User *add_user(const std::string &name)
 
 void remove_user(User &user)
 {
-    all_users.erase(user.number);
+    all_users().erase(user.number);
 }
 
 User *find_user(uint32_t number)
 {
-    auto found = all_users.find(number);
-    return found == all_users.end() ? nullptr : &found->second;
+    auto found = all_users().find(number);
+    return found == all_users().end() ? nullptr : &found->second;
 }
 
 User *find_user(const std::string &name)
 {
-    for (auto &[number, user] : all_users)
+    for (auto &[number, user] : all_users())
         if (user.name == name)
             return &user;
     return nullptr;
@@ -179,7 +191,7 @@ User *find_user(const std::string &name)
 
 const std::map<uint32_t, User> &users()
 {
-    return all_users;
+    return all_users();
 }
 
 } // namespace loopback
@@ -188,6 +200,8 @@ const std::map<uint32_t, User> &users()
 
 void *gorvanet_loopback_add_user(const char *name)
 {
+    if (loopback::refuse_in_observer())
+        return nullptr;
     if (!name || !*name) {
         loopback::report_misuse("gorvanet_loopback_add_user: a user needs a name");
         return nullptr;

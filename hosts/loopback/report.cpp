@@ -9,6 +9,7 @@ namespace {
 
 gorvanet_loopback_observer *current_observer;
 void *observer_data;
+bool observing;
 
 const char *present(const char *text)
 {
@@ -54,10 +55,13 @@ void report(Event event)
     event.sender = present(event.sender);
     event.receiver = present(event.receiver);
     event.text = present(event.text);
-    if (current_observer)
+    if (current_observer && !observing) {
+        observing = true;
         current_observer(observer_data, &event);
-    else if (event.kind >= GORVANET_LOOPBACK_STATUS)
+        observing = false;
+    } else if (event.kind >= GORVANET_LOOPBACK_STATUS) {
         write_to_stderr(event);
+    }
 }
 
 void report_misuse(const char *format, ...)
@@ -71,6 +75,18 @@ void report_misuse(const char *format, ...)
     event.kind = GORVANET_LOOPBACK_MISUSE;
     event.text = text;
     report(event);
+}
+
+bool in_observer()
+{
+    return observing;
+}
+
+bool refuse_in_observer(const char *caller)
+{
+    if (observing)
+        report_misuse("%s: called from inside the observer", caller);
+    return observing;
 }
 
 } // namespace loopback

@@ -149,6 +149,23 @@ TEST_F(LoopTest, TearDownDropsPostedFunctions)
     EXPECT_EQ(order, "");
 }
 
+// Nothing of an unreg callback's doing reaches the next life.
+TEST_F(LoopTest, TearDownDropsWhatUnregLeavesBehind)
+{
+    order.clear();
+    MessageManagement *block = nullptr;
+    zebCore_getBase_msgMngt("LeftOver", &block, 0);
+    ASSERT_NE(block, nullptr);
+    block->unreg = [](uint16_t) {
+        gorvanet_loopback_post(append<'a'>, nullptr);
+        EXPECT_NE(gorvanet_loopback_add_user("left over"), nullptr);
+    };
+    EXPECT_EQ(gorvanet_loopback_tear_down(), 0);
+    EXPECT_EQ(gorvanet_loopback_run(), GORVANET_LOOPBACK_IDLE);
+    EXPECT_EQ(order, "");
+    EXPECT_NE(gorvanet_loopback_add_user("left over"), nullptr) << "the name is free";
+}
+
 TEST_F(LoopTest, TearDownWithdrawsWhatIsStillRegistered)
 {
     static std::vector<uint16_t> dropped;

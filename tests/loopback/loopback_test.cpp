@@ -66,6 +66,13 @@ void free_body(uint32_t type, void *body)
     gorvaNet_cbEvtMsgMngt_freeBody_msgCmd_setOsIfc(type, body);
 }
 
+void *new_body(size_t size)
+{
+    void *body = calloc(1, size);
+    *static_cast<uint32_t *>(body) = GORVANET_MAGIC_MSGCMD_SETOSIFC;
+    return body;
+}
+
 // ---- The interface made by hand -------------------------------------------------------------------------------------
 
 void free_letter(uint32_t, void *body)
@@ -252,6 +259,24 @@ Seen LoopbackTest::only(gorvanet_loopback_kind kind) const
         if (event.kind == kind)
             return event;
     return {};
+}
+
+void LoopbackTest::expect_misuse(const std::string &part) const
+{
+    ASSERT_EQ(count(GORVANET_LOOPBACK_MISUSE), 1u) << part;
+    std::string text = only(GORVANET_LOOPBACK_MISUSE).text;
+    EXPECT_NE(text.find(part), std::string::npos) << text;
+    seen.clear();
+}
+
+void *LoopbackTest::new_request()
+{
+    return new_body(56);
+}
+
+void *LoopbackTest::new_response()
+{
+    return new_body(12);
 }
 
 // A leaked block takes 16 bytes at least. Under a sanitizer the heap cannot be asked; there leaks are found at the end.

@@ -55,6 +55,13 @@ public:
     // The only event of this kind; a failure if there is another number of them.
     Seen only(gorvanet_loopback_kind kind) const;
 
+    // There is one misuse report, and it says this; then all that was seen is forgotten.
+    void expect_misuse(const std::string &part) const;
+
+    // Bodies of SetOsIfc, for calls of the middleware without the library.
+    static void *new_request();
+    static void *new_response();
+
     // Fails if running the action again and again takes memory that does not come back.
     void expect_no_growth(uint32_t times, const std::function<void()> &action);
 
