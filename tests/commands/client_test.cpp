@@ -58,8 +58,11 @@ TEST_P(SendTest, WithoutACallbackThereIsNoReceiver)
 {
     send(nullptr);
     Words words = take_sent();
-    EXPECT_EQ(words[2], 0u);
-    EXPECT_EQ(words[3], 0u);
+    // All else is as with a callback.
+    Words expected = hand_over(words, 0x1234).words;
+    expected[2] = 0;
+    expected[3] = 0;
+    EXPECT_EQ(words, expected);
     free(reinterpret_cast<void *>(words[1]));
 }
 
@@ -70,6 +73,15 @@ TEST_P(SendTest, TheBodyHoldsTheArgumentsAndZerosElsewhere)
     ASSERT_EQ(size_of_block(body), method().request.image.size());
     EXPECT_EQ(contents(body, size_of_block(body)), method().request.image);
     free(body);
+}
+
+TEST_P(SendTest, TheBodyIsCompleteWhenItIsHandedOverAndLeftAloneFromThenOn)
+{
+    Bytes held;
+    take_over("zebCore_sendMsgReq_toNameUser", held);
+    send(method().callback);
+    EXPECT_EQ(held, method().request.image);
+    expect_left_alone();
 }
 
 TEST_P(SendTest, ReadsTheNumberAtEachCall)

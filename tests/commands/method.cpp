@@ -3,12 +3,15 @@
 #include "commands/record.h"
 
 #include <cstdlib>
+#include <cstring>
 #include <ostream>
 #include <utility>
 
 namespace {
 
 std::vector<Words> heard;
+
+constexpr uint8_t overwritten = 0x77;
 
 std::vector<Direction> select(bool (*wanted)(const Body &))
 {
@@ -51,6 +54,24 @@ void *sent_body()
         return nullptr;
     }
     return reinterpret_cast<void *>(calls.back().words[1]);
+}
+
+void take_over(const std::string &function, Bytes &held)
+{
+    answer(function, [&held](const Words &words) {
+        auto *body = reinterpret_cast<void *>(words.at(1));
+        held = contents(body, size_of_block(body));
+        memset(body, overwritten, held.size());
+        return 0;
+    });
+}
+
+void expect_left_alone()
+{
+    void *body = sent_body();
+    ASSERT_GT(size_of_block(body), 0u);
+    EXPECT_EQ(contents(body, size_of_block(body)), Bytes(size_of_block(body), overwritten));
+    free(body);
 }
 
 void MethodTest::TearDown()

@@ -125,6 +125,12 @@ inline const char *const server = "service";
 // The body that the last sending function handed to the bus; takes the calls.
 void *sent_body();
 
+// Makes this function of the bus keep what the body it is handed holds at that moment, and overwrite the body.
+void take_over(const std::string &function, Bytes &held);
+
+// The body that was taken over last is as the bus left it; releases it.
+void expect_left_alone();
+
 // Tests of one method.
 class MethodTest : public LibraryTest, public testing::WithParamInterface<const Method *> {
 protected:

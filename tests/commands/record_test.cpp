@@ -104,6 +104,20 @@ TEST_P(RecordTest, AFailedCopyIsLoggedAndTheMessageIsSentAllTheSame)
     }
 }
 
+TEST_P(RecordTest, AFailedCopyIsLoggedBeforeTheMessageIsSent)
+{
+    size_t lines = 0;
+    for (const char *function : {"zebCore_sendMsgReq_toNameUser", "zebCore_sendMsgRes", "zebIntf_sendReq_ntfy"})
+        answer(function, [&lines](const Words &) {
+            lines = take_log().size();
+            return 0;
+        });
+    probe().copy.instead = [](void *, const void *) { return 4u; };
+    send();
+    EXPECT_EQ(lines, 1u);
+    free(sent_body());
+}
+
 TEST_P(RecordTest, TheBufferIsAsLongAsTheRecordSays)
 {
     Bytes body = sample().image;

@@ -76,6 +76,15 @@ TEST_P(RespondTest, TheBodyHoldsTheArgumentsAndZerosElsewhere)
     free(body);
 }
 
+TEST_P(RespondTest, TheBodyIsCompleteWhenItIsHandedOverAndLeftAloneFromThenOn)
+{
+    Bytes held;
+    take_over("zebCore_sendMsgRes", held);
+    method().respond(message);
+    EXPECT_EQ(held, method().response.image);
+    expect_left_alone();
+}
+
 TEST_P(RespondTest, AMessageThatWantsNoResponseGetsNone)
 {
     for (uintptr_t no : {1u, 0x100u, 0x10000u, 0x80000000u, 0xffffffffu}) {

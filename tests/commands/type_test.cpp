@@ -24,6 +24,7 @@ TEST_P(UnknownTypeTest, FreeBodyFreesNothingAndLogsWithoutALineFeed)
             EXPECT_EQ(take_freed().size(), 0u);
             EXPECT_EQ(take_log(), LogLines{logged(3, callbacks.name("freeBody").c_str(), "Type(%d) unknown",
                                                   static_cast<int>(type))});
+            EXPECT_EQ(contents(body, size_of_block(body)), body ? method().request.image : Bytes{});
             free(body);
         }
 }
@@ -70,6 +71,7 @@ TEST_P(MissingResponseTest, FreeBodyFreesNothing)
         EXPECT_EQ(take_freed().size(), 0u);
         EXPECT_EQ(take_log(),
                   LogLines{logged(3, callbacks.name("freeBody").c_str(), "No free body response process\n")});
+        EXPECT_EQ(contents(body, size_of_block(body)), body ? method().request.image : Bytes{});
         free(body);
     }
 }

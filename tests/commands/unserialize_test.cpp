@@ -62,6 +62,14 @@ TEST_P(UnserializeTest, WithoutMemoryReturns5)
     expect_untouched();
 }
 
+TEST_P(UnserializeTest, MemoryIsAskedForBeforeTheBytesAreLookedAt)
+{
+    refuse_allocation(1, true);
+    Bytes bad = with_number(wire, magic_item, 9);
+    EXPECT_EQ(callbacks->unserialize(GetParam().type, bad.data(), &output, &size), 5);
+    EXPECT_EQ(take_log(), LogLines{logged(3, name.c_str(), "Allocating Memory Ctx[%s]\n", "")});
+}
+
 TEST_P(UnserializeTest, AWrongTag0IsRefusedAndTag1Announced)
 {
     for (uint32_t tag : {1u, 3u, 0x100u, 0x80000000u, 0xffffffffu}) {

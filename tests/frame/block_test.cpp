@@ -35,6 +35,22 @@ TEST_F(Block, HoldsNameUnregAndTheRecordsOfAllMethods)
     EXPECT_EQ(blocks()[1], filled(words_of_base(), ntfy_block, 1));
 }
 
+TEST_F(Block, EachIsFilledBeforeTheNextCallOfTheBus)
+{
+    answer("zebCore_getBase_msgMngt", [](const Words &words) {
+        if (words[2] == 1) {
+            EXPECT_EQ(blocks().at(0), filled(words_of_base(), cmd_block, 12));
+        }
+        return hand_out_block(words);
+    });
+    answer("ruvo_addEvtBase", [](const Words &) {
+        EXPECT_EQ(blocks().at(1), filled(words_of_base(), ntfy_block, 1));
+        return 0;
+    });
+    start();
+    EXPECT_EQ(blocks().size(), 2u);
+}
+
 TEST_F(Block, TheHeadNamesTheInterfaceAndItsUnregCallback)
 {
     start();

@@ -86,6 +86,26 @@ TEST_F(Midway, BothFlagsSetEarlyAreTwoWarnings)
     take_calls();
 }
 
+TEST_F(Midway, AWarningIsInTheLogBeforeTheNextCallOfTheBus)
+{
+    answer("zebCore_getBase_msgMngt", [](const Words &words) {
+        EXPECT_EQ(take_log(), words[2] == 12 ? LogLines{} : LogLines{flag_set_already(cmd_flag, 1, 3)});
+        gorvaNet_base.flags = 3;
+        return hand_out_block(words);
+    });
+    while_hooking([] { EXPECT_EQ(take_log(), LogLines{flag_set_already(ntfy_flag, 2, 3)}); });
+    EXPECT_EQ(gorvaNet_addBase(), 0u);
+    EXPECT_EQ(calls_made(), (Calls{asks_for_cmd(), asks_for_ntfy(), hooks_event_loop()}));
+
+    answer("zebCore_putBase_msgMngt", [](const Words &words) {
+        EXPECT_EQ(take_log(), words[0] == 0x0101 ? LogLines{} : LogLines{flag_clear_already(cmd_flag, 1, 2)});
+        gorvaNet_base.flags = 2;
+        return 0;
+    });
+    EXPECT_EQ(gorvaNet_delBase(), 0u);
+    EXPECT_EQ(calls_made(), (Calls{releases(0x0101), releases(0x0102)}));
+}
+
 TEST_F(Midway, ARefusedBlockWarnsOfNoFlag)
 {
     answer("zebCore_getBase_msgMngt", [](const Words &) {

@@ -173,6 +173,15 @@ TEST_F(PrefixStatusTest, HandsTheNotificationOverWithAllArguments)
     free(block);
 }
 
+TEST_F(PrefixStatusTest, TheBodyIsCompleteWhenItIsHandedOverAndLeftAloneFromThenOn)
+{
+    Bytes held;
+    take_over("zebIntf_sendReq_ntfy", held);
+    gorvaNet_sendReq_ntfyPrefixStatus(user, pass1, pass2, "lan0", &prefixes);
+    EXPECT_EQ(held, prefix_status.request.image);
+    expect_left_alone();
+}
+
 TEST_F(PrefixStatusTest, ReadsNameAndNumberOfTheDescriptorAtEachCall)
 {
     gorvaNet_base.name = "OtherNet";

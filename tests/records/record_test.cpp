@@ -12,6 +12,8 @@ void RecordTest::SetUp()
 void RecordTest::TearDown()
 {
     reset_nested_calls();
+    EXPECT_EQ(allocations(), 0u) << "records are copied, cleaned, encoded and decoded where they stand";
+    EXPECT_EQ(take_freed().size(), 0u);
     LibraryTest::TearDown();
 }
 

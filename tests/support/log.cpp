@@ -32,11 +32,13 @@ void syslog(int priority, const char *format, ...)
     va_list arguments;
     va_start(arguments, format);
     // A line without the common beginning has no function name that could be read: it is kept as it is and equals
-    // nothing that a test expects.
+    // nothing that a test expects. Nor does one without a source line.
     if (line.format.compare(0, beginning.size(), beginning) == 0) {
         line.function = va_arg(arguments, const char *);
         line.line = va_arg(arguments, int);
         line.text = formatted(format + beginning.size(), arguments);
+        if (line.line <= 0)
+            line.function.clear();
     }
     va_end(arguments);
     kept().push_back(line);

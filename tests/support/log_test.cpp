@@ -59,6 +59,14 @@ TEST_F(Log, ALineWithoutTheCommonBeginningEqualsNothingThatATestExpects)
     EXPECT_FALSE(take_log().at(0) == logged(3, "", "a\n"));
 }
 
+TEST_F(Log, ALineWithoutASourceLineEqualsNothingThatATestExpects)
+{
+    syslog(3, "[GORVANET] -> %s(%d): a\n", "f", 0);
+    syslog(3, "[GORVANET] -> %s(%d): a\n", "f", -1);
+    for (const LogLine &line : take_log())
+        EXPECT_FALSE(line == logged(3, "f", "a\n"));
+}
+
 TEST_F(Log, SeesLinesAscend)
 {
     auto at = [](int line) {
