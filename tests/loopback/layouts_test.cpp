@@ -1,4 +1,4 @@
-// The annotator's own table against what the library really writes: two independent readings of the same bodies.
+// The table of layouts against what the library really writes: two independent readings of the same bodies.
 
 #include "annotate.h"
 #include "loopback_test.h"

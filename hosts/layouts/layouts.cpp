@@ -1,8 +1,6 @@
-// The bodies of the interface: a list of fields for each record and body, a row for each direction of a method.
+#include "layouts.h"
 
-#include "annotate.h"
-
-namespace demo {
+namespace layouts {
 
 namespace {
 
@@ -78,7 +76,25 @@ constexpr Field register_prefix_status[] = {number(3, "first"), wide(4, "pointer
 constexpr Field value[] = {number(3, "value")};
 constexpr Field prefix_status[] = {text(3, "name", 80), record("prefixes", ipv6_prefixes)};
 
-constexpr Layout layouts[] = {
+// In the order of their indexes.
+constexpr const char *commands[] = {
+    "SetOsIfc",
+    "SetDhcp",
+    "SetRdisc6",
+    "GetIPv4Props",
+    "GetIPv6Props",
+    "SetIPv4Address",
+    "SetMtu",
+    "SetIPv6PrefixAndAddress",
+    "AskStateRenotification",
+    "RegisterPrefixStatus",
+    "Configure",
+    "ConfigureAllIPv6Intf",
+};
+
+constexpr const char *notifications[] = {"PrefixStatus"};
+
+constexpr Layout all_layouts[] = {
     {"SetOsIfc", request, 0x39132011, 0, if_name},
     {"SetOsIfc", response, 0x39132011, 0, result},
     {"SetDhcp", request, 0x39132011, 0, set_dhcp},
@@ -107,10 +123,18 @@ constexpr Layout layouts[] = {
 
 const Layout *find_layout(std::string_view method, uint32_t direction)
 {
-    for (const Layout &layout : layouts)
+    for (const Layout &layout : all_layouts)
         if (layout.method == method && layout.direction == direction)
             return &layout;
     return nullptr;
 }
 
-} // namespace demo
+const Layout *find_layout(Interface interface, uint32_t index, uint32_t direction)
+{
+    std::span<const char *const> methods = commands;
+    if (interface == Interface::notification)
+        methods = notifications;
+    return index < methods.size() ? find_layout(methods[index], direction) : nullptr;
+}
+
+} // namespace layouts
