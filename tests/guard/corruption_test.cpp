@@ -1,0 +1,83 @@
+// One body of each kind, damaged in every place: what the guard takes the library decodes, and what the library is given
+// all the same it treats as the model says.
+
+#include "guard/body_test.h"
+
+#include <iostream>
+
+namespace {
+
+class CorruptionTest : public GuardedBodyTest {
+protected:
+    // Texts of five characters, lists of two.
+    const Bytes golden = model::encode(body, model::sample(body, 5, 2));
+
+    bool both(const Bytes &bytes)
+    {
+        return guarded(bytes) && direct(bytes) && !HasFailure();
+    }
+
+    void tell(const char *damage)
+    {
+        std::cout << body.name << ", " << damage << ": " << taken << " taken and " << refused
+                  << " refused by the guard; without it " << skipped << " of " << taken + refused
+                  << " skipped, which lead out of the arena\n";
+    }
+};
+
+Bytes with_word(Bytes bytes, uint32_t offset, uint32_t value)
+{
+    Bytes word = big_endian(value);
+    std::copy(word.begin(), word.end(), bytes.begin() + static_cast<ptrdiff_t>(offset));
+    return bytes;
+}
+
+} // namespace
+
+INSTANTIATE_TEST_SUITE_P(Of, CorruptionTest, testing::ValuesIn(every_body()), name_of_body);
+
+// The library's own encoding, and the guard's word for it: the damage below is damage to something sound.
+TEST_P(CorruptionTest, None)
+{
+    void *buffer = nullptr;
+    uint32_t size = 0;
+    Bytes image = model::sample(body, 5, 2);
+    ASSERT_EQ(body.row().serializeBody(body.direction, image.data(), &buffer, &size), 0u);
+    EXPECT_EQ(Bytes(static_cast<uint8_t *>(buffer), static_cast<uint8_t *>(buffer) + size), golden);
+    free(buffer);
+    EXPECT_TRUE(both(golden));
+    EXPECT_EQ(taken, 1u);
+    EXPECT_EQ(skipped, 0u);
+    take_freed();
+}
+
+TEST_P(CorruptionTest, OfEveryBit)
+{
+    for (size_t bit = 0; bit < golden.size() * 8; bit++) {
+        Bytes bytes = golden;
+        bytes[bit / 8] = static_cast<uint8_t>(bytes[bit / 8] ^ 1 << bit % 8);
+        ASSERT_TRUE(both(bytes)) << "bit " << bit % 8 << " of byte " << bit / 8;
+    }
+    EXPECT_GE(refused, 8u * 20) << "tags, lengths and magic are in the prologue already";
+    EXPECT_GE(taken, 16u) << "the high half of the version";
+    tell("every bit");
+}
+
+TEST_P(CorruptionTest, ByTruncation)
+{
+    for (size_t size = 0; size < golden.size(); size++)
+        ASSERT_TRUE(both({golden.begin(), golden.begin() + static_cast<ptrdiff_t>(size)})) << size << " bytes";
+    EXPECT_EQ(taken, 0u);
+    tell("every truncation");
+}
+
+TEST_P(CorruptionTest, OfEveryLength)
+{
+    for (const model::Item &item : model::decode(body, golden).items)
+        for (uint32_t half = 4; half < item.header; half += 4)
+            for (uint32_t value :
+                 {0u, 1u, 3u, 5u, item.capacity - 1, item.capacity, item.capacity + 1, 0x80000000u, 0xfffffff8u})
+                ASSERT_TRUE(both(with_word(golden, item.offset + half, value)))
+                    << "item at " << item.offset << ", word " << half << " is " << value;
+    tell("every length");
+}
