@@ -57,9 +57,7 @@ constexpr Method ask_state_renotification = {
 uint32_t gorvaNet_sendReq_askStateRenotification(void *user, void *pass, const char *server,
                                                  const struct state_info *info)
 {
-    if (!has_server(user, server))
-        return 0;
-    auto *body = new_body<Request>(ask_state_renotification);
+    auto *body = new_request<Request>(ask_state_renotification, user, server);
     if (!body)
         return 0;
     if (gorvaNet_state_info_copy(&body->info, info))
@@ -77,8 +75,8 @@ int32_t gorvaNet_modSrv_recvMsg_askStateRenotification(void *user, gorvaNet_askS
 
 void gorvaNet_recvReq_askStateRenotification(void *message, void *body, gorvaNet_function *handler, void *data)
 {
-    auto *request = checked<Request>(ask_state_renotification, body);
-    if (!request || answer_unhandled(message, body, handler))
+    auto *request = received<Request>(ask_state_renotification, message, body, handler);
+    if (!request)
         return;
     auto *serve = reinterpret_cast<gorvaNet_askStateRenotification_handler *>(handler);
     serve(message, data, &request->info);

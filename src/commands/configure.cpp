@@ -55,9 +55,7 @@ constexpr Method configure = {
 
 uint32_t gorvaNet_sendReq_configure(void *user, void *pass, const char *server, const struct intfConf *configuration)
 {
-    if (!has_server(user, server))
-        return 0;
-    auto *body = new_body<Request>(configure);
+    auto *body = new_request<Request>(configure, user, server);
     if (!body)
         return 0;
     if (gorvaNet_intfConf_copy(&body->configuration, configuration))
@@ -74,8 +72,8 @@ int32_t gorvaNet_modSrv_recvMsg_configure(void *user, gorvaNet_configure_handler
 
 void gorvaNet_recvReq_configure(void *message, void *body, gorvaNet_function *handler, void *data)
 {
-    auto *request = checked<Request>(configure, body);
-    if (!request || answer_unhandled(message, body, handler))
+    auto *request = received<Request>(configure, message, body, handler);
+    if (!request)
         return;
     auto *serve = reinterpret_cast<gorvaNet_configure_handler *>(handler);
     serve(message, data, &request->configuration);

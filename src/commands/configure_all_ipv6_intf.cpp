@@ -48,9 +48,7 @@ constexpr Method configure_all_ipv6_intf = {
 
 uint32_t gorvaNet_sendReq_configureAllIPv6Intf(void *user, void *pass, const char *server, uint32_t value)
 {
-    if (!has_server(user, server))
-        return 0;
-    auto *body = new_body<Request>(configure_all_ipv6_intf);
+    auto *body = new_request<Request>(configure_all_ipv6_intf, user, server);
     if (!body)
         return 0;
     body->value = value;
@@ -67,8 +65,8 @@ int32_t gorvaNet_modSrv_recvMsg_configureAllIPv6Intf(void *user, gorvaNet_config
 
 void gorvaNet_recvReq_configureAllIPv6Intf(void *message, void *body, gorvaNet_function *handler, void *data)
 {
-    auto *request = checked<Request>(configure_all_ipv6_intf, body);
-    if (!request || answer_unhandled(message, body, handler))
+    auto *request = received<Request>(configure_all_ipv6_intf, message, body, handler);
+    if (!request)
         return;
     auto *serve = reinterpret_cast<gorvaNet_configureAllIPv6Intf_handler *>(handler);
     serve(message, data, request->value);

@@ -64,8 +64,8 @@ constexpr Method get_ipv4_props = {
 
 void gorvaNet_recvRes_getIPv4Props(void *, RequestContext *context, void *body)
 {
-    auto *response = checked<Response>(get_ipv4_props, body);
-    if (!response || answer_unhandled(context, body, context->callback))
+    auto *response = received<Response>(get_ipv4_props, context, body, context->callback);
+    if (!response)
         return;
     auto *callback = reinterpret_cast<gorvaNet_getIPv4Props_response *>(context->callback);
     callback(context, context->user_data, &response->properties, response->result);
@@ -78,9 +78,7 @@ void gorvaNet_recvRes_getIPv4Props(void *, RequestContext *context, void *body)
 uint32_t gorvaNet_sendReq_getIPv4Props(void *user, gorvaNet_getIPv4Props_response *callback, void *pass1, void *pass2,
                                        const char *server)
 {
-    if (!has_server(user, server))
-        return 0;
-    auto *body = new_body<Request>(get_ipv4_props);
+    auto *body = new_request<Request>(get_ipv4_props, user, server);
     if (!body)
         return 0;
     return send_request(get_ipv4_props, user, body, gorvaNet_recvRes_getIPv4Props, plain(callback), pass1, pass2,
@@ -97,8 +95,8 @@ int32_t gorvaNet_modSrv_recvMsg_getIPv4Props(void *user, gorvaNet_getIPv4Props_h
 
 void gorvaNet_recvReq_getIPv4Props(void *message, void *body, gorvaNet_function *handler, void *data)
 {
-    auto *request = checked<Request>(get_ipv4_props, body);
-    if (!request || answer_unhandled(message, body, handler))
+    auto *request = received<Request>(get_ipv4_props, message, body, handler);
+    if (!request)
         return;
     auto *serve = reinterpret_cast<gorvaNet_getIPv4Props_handler *>(handler);
     serve(message, data);
@@ -106,9 +104,7 @@ void gorvaNet_recvReq_getIPv4Props(void *message, void *body, gorvaNet_function 
 
 void gorvaNet_sendRes_getIPv4Props(void *message, const struct ipv4_properties *properties, uint32_t result)
 {
-    if (!wants_response(message))
-        return;
-    auto *body = new_body<Response>(get_ipv4_props);
+    auto *body = new_response<Response>(get_ipv4_props, message);
     if (!body)
         return;
     if (gorvaNet_ipv4_properties_copy(&body->properties, properties))

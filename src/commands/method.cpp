@@ -82,16 +82,25 @@ uint32_t get_body(const Method &method, const BodyKind &kind, const uint8_t *buf
 
 } // namespace
 
-bool has_server(const void *user, const char *server, Where where)
+void *allocate_request(const Method &method, const void *user, const char *server, Where where)
 {
-    if (!server)
+    if (!server) {
         log_no_server(user, where);
-    return server;
+        return nullptr;
+    }
+    return allocate_body(method, method.request, where);
 }
 
-void *allocate_body(const Method &method, uint32_t size, Where where)
+void *allocate_response(const Method &method, void *message, Where where)
 {
-    void *body = calloc(1, size);
+    if (zebCore_isMsg_needRes(message) != 0)
+        return nullptr;
+    return allocate_body(method, method.response, where);
+}
+
+void *allocate_body(const Method &method, const BodyKind &kind, Where where)
+{
+    void *body = calloc(1, kind.size);
     if (!body) {
         log_no_memory_for_body(where);
         return nullptr;
@@ -100,7 +109,6 @@ void *allocate_body(const Method &method, uint32_t size, Where where)
     return body;
 }
 
-// The middleware owns the body from here on, on a failed send too.
 uint32_t send_request(const Method &method, void *user, void *body, Receiver *receiver, gorvaNet_function *callback,
                       void *pass1, void *pass2, const char *server)
 {
@@ -114,12 +122,21 @@ uint32_t send_one_way(const Method &method, void *user, void *body, void *pass, 
     return send_request(method, user, body, nullptr, nullptr, nullptr, pass, server);
 }
 
-bool answer_unhandled(void *message, void *body, gorvaNet_function *function)
+void send_response(void *message, void *body)
 {
-    if (function)
-        return false;
-    zebCore_sendMsgRes(message, body, answer_unhandled_message, send_options);
-    return true;
+    zebCore_sendMsgRes(message, body, answer_normal, send_options);
+}
+
+void *check_received(const Method &method, void *message, void *body, gorvaNet_function *function, Where where)
+{
+    if (!check_body_present(body, where))
+        return nullptr;
+    check_body_magic(body, method.magic, method.magic_name, where);
+    if (!function) {
+        zebCore_sendMsgRes(message, body, answer_unhandled_message, send_options);
+        return nullptr;
+    }
+    return body;
 }
 
 int32_t accept(const Method &method, void *user, gorvaNet_function *handler, void *data, void *value3, Where where)
@@ -129,16 +146,6 @@ int32_t accept(const Method &method, void *user, gorvaNet_function *handler, voi
     if (status)
         log_accept_failed(user, status, where);
     return status;
-}
-
-bool wants_response(void *message)
-{
-    return zebCore_isMsg_needRes(message) == 0;
-}
-
-void send_response(void *message, void *body)
-{
-    zebCore_sendMsgRes(message, body, answer_normal, send_options);
 }
 
 void free_body(const Method &method, uint32_t type, void *body, Where where)

@@ -85,39 +85,49 @@ template <typename Function> gorvaNet_function *plain(Function *function)
 
 // ---- Client and server ----------------------------------------------------------------------------------------------
 
-bool has_server(const void *user, const char *server, Where where = here());
+// A new body of the method, zeroed, with its magic; or null: without a server to send to, for a message that wants no
+// response, or without memory. All but the second are logged.
 
-// A zeroed body with the method's magic, or null after a log line.
-void *allocate_body(const Method &method, uint32_t size, Where where = here());
+void *allocate_request(const Method &method, const void *user, const char *server, Where where);
+void *allocate_response(const Method &method, void *message, Where where);
+void *allocate_body(const Method &method, const BodyKind &kind, Where where);
 
-template <typename Body> Body *new_body(const Method &method, Where where = here())
+template <typename Body>
+Body *new_request(const Method &method, const void *user, const char *server, Where where = here())
 {
-    return static_cast<Body *>(allocate_body(method, sizeof(Body), where));
+    return static_cast<Body *>(allocate_request(method, user, server, where));
 }
 
+template <typename Body> Body *new_response(const Method &method, void *message, Where where = here())
+{
+    return static_cast<Body *>(allocate_response(method, message, where));
+}
+
+template <typename Body> Body *new_notification(const Method &method, Where where = here())
+{
+    return static_cast<Body *>(allocate_body(method, method.request, where));
+}
+
+// The middleware owns the body from here on, on a failed send too.
 uint32_t send_request(const Method &method, void *user, void *body, Receiver *receiver, gorvaNet_function *callback,
                       void *pass1, void *pass2, const char *server);
 
 // Of a method without response.
 uint32_t send_one_way(const Method &method, void *user, void *body, void *pass, const char *server);
+void send_response(void *message, void *body);
 
-// The body as the method's own type, or null after a log line; a foreign magic aborts.
-template <typename Body> Body *checked(const Method &method, void *body, Where where = here())
+// The body that was received, for `function` to take; or null: without a body, which is logged, or without a function,
+// and then the message (or request context) is answered at once, since nobody handles it. A foreign magic aborts.
+void *check_received(const Method &method, void *message, void *body, gorvaNet_function *function, Where where);
+
+template <typename Body>
+Body *received(const Method &method, void *message, void *body, gorvaNet_function *function, Where where = here())
 {
-    if (!check_body_present(body, where))
-        return nullptr;
-    check_body_magic(body, method.magic, method.magic_name, where);
-    return static_cast<Body *>(body);
+    return static_cast<Body *>(check_received(method, message, body, function, where));
 }
-
-// Without a function to take it, answers the message (or request context) at once: nobody handles it.
-bool answer_unhandled(void *message, void *body, gorvaNet_function *function);
 
 int32_t accept(const Method &method, void *user, gorvaNet_function *handler, void *data, void *value3,
                Where where = here());
-
-bool wants_response(void *message);
-void send_response(void *message, void *body);
 
 // ---- Body callbacks -------------------------------------------------------------------------------------------------
 

@@ -79,8 +79,8 @@ constexpr Method register_prefix_status = {
 
 void gorvaNet_recvRes_registerPrefixStatus(void *, RequestContext *context, void *body)
 {
-    auto *response = checked<Response>(register_prefix_status, body);
-    if (!response || answer_unhandled(context, body, context->callback))
+    auto *response = received<Response>(register_prefix_status, context, body, context->callback);
+    if (!response)
         return;
     auto *callback = reinterpret_cast<gorvaNet_registerPrefixStatus_response *>(context->callback);
     callback(context, context->user_data, response->result);
@@ -94,9 +94,7 @@ uint32_t gorvaNet_sendReq_registerPrefixStatus(void *user, gorvaNet_registerPref
                                                void *pass1, void *pass2, const char *server, uint32_t first,
                                                void *pointer, uint32_t last)
 {
-    if (!has_server(user, server))
-        return 0;
-    auto *body = new_body<Request>(register_prefix_status);
+    auto *body = new_request<Request>(register_prefix_status, user, server);
     if (!body)
         return 0;
     body->first = first;
@@ -116,8 +114,8 @@ int32_t gorvaNet_modSrv_recvMsg_registerPrefixStatus(void *user, gorvaNet_regist
 
 void gorvaNet_recvReq_registerPrefixStatus(void *message, void *body, gorvaNet_function *handler, void *data)
 {
-    auto *request = checked<Request>(register_prefix_status, body);
-    if (!request || answer_unhandled(message, body, handler))
+    auto *request = received<Request>(register_prefix_status, message, body, handler);
+    if (!request)
         return;
     auto *serve = reinterpret_cast<gorvaNet_registerPrefixStatus_handler *>(handler);
     serve(message, data, request->first, request->pointer, request->last);
@@ -125,9 +123,7 @@ void gorvaNet_recvReq_registerPrefixStatus(void *message, void *body, gorvaNet_f
 
 void gorvaNet_sendRes_registerPrefixStatus(void *message, uint32_t result)
 {
-    if (!wants_response(message))
-        return;
-    auto *body = new_body<Response>(register_prefix_status);
+    auto *body = new_response<Response>(register_prefix_status, message);
     if (!body)
         return;
     body->result = result;

@@ -57,8 +57,8 @@ constexpr Method set_dhcp = {
 
 void gorvaNet_recvRes_setDhcp(void *, RequestContext *context, void *body)
 {
-    auto *response = checked<Response>(set_dhcp, body);
-    if (!response || answer_unhandled(context, body, context->callback))
+    auto *response = received<Response>(set_dhcp, context, body, context->callback);
+    if (!response)
         return;
     auto *callback = reinterpret_cast<gorvaNet_setDhcp_response *>(context->callback);
     callback(context, context->user_data);
@@ -71,9 +71,7 @@ void gorvaNet_recvRes_setDhcp(void *, RequestContext *context, void *body)
 uint32_t gorvaNet_sendReq_setDhcp(void *user, gorvaNet_setDhcp_response *callback, void *pass1, void *pass2,
                                   const char *server, const char *ifName, uint32_t dhcp)
 {
-    if (!has_server(user, server))
-        return 0;
-    auto *body = new_body<Request>(set_dhcp);
+    auto *body = new_request<Request>(set_dhcp, user, server);
     if (!body)
         return 0;
     copy_text(body->ifName, ifName);
@@ -90,8 +88,8 @@ int32_t gorvaNet_modSrv_recvMsg_setDhcp(void *user, gorvaNet_setDhcp_handler *ha
 
 void gorvaNet_recvReq_setDhcp(void *message, void *body, gorvaNet_function *handler, void *data)
 {
-    auto *request = checked<Request>(set_dhcp, body);
-    if (!request || answer_unhandled(message, body, handler))
+    auto *request = received<Request>(set_dhcp, message, body, handler);
+    if (!request)
         return;
     auto *serve = reinterpret_cast<gorvaNet_setDhcp_handler *>(handler);
     serve(message, data, request->ifName, request->dhcp);
@@ -99,9 +97,7 @@ void gorvaNet_recvReq_setDhcp(void *message, void *body, gorvaNet_function *hand
 
 void gorvaNet_sendRes_setDhcp(void *message)
 {
-    if (!wants_response(message))
-        return;
-    auto *body = new_body<Response>(set_dhcp);
+    auto *body = new_response<Response>(set_dhcp, message);
     if (!body)
         return;
     send_response(message, body);

@@ -82,8 +82,8 @@ constexpr Method set_ipv4_address = {
 
 void gorvaNet_recvRes_setIPv4Address(void *, RequestContext *context, void *body)
 {
-    auto *response = checked<Response>(set_ipv4_address, body);
-    if (!response || answer_unhandled(context, body, context->callback))
+    auto *response = received<Response>(set_ipv4_address, context, body, context->callback);
+    if (!response)
         return;
     auto *callback = reinterpret_cast<gorvaNet_setIPv4Address_response *>(context->callback);
     callback(context, context->user_data, &response->outcome);
@@ -96,9 +96,7 @@ void gorvaNet_recvRes_setIPv4Address(void *, RequestContext *context, void *body
 uint32_t gorvaNet_sendReq_setIPv4Address(void *user, gorvaNet_setIPv4Address_response *callback, void *pass1,
                                          void *pass2, const char *server, const struct ipv4_address *address)
 {
-    if (!has_server(user, server))
-        return 0;
-    auto *body = new_body<Request>(set_ipv4_address);
+    auto *body = new_request<Request>(set_ipv4_address, user, server);
     if (!body)
         return 0;
     if (gorvaNet_ipv4_address_copy(&body->address, address))
@@ -117,8 +115,8 @@ int32_t gorvaNet_modSrv_recvMsg_setIPv4Address(void *user, gorvaNet_setIPv4Addre
 
 void gorvaNet_recvReq_setIPv4Address(void *message, void *body, gorvaNet_function *handler, void *data)
 {
-    auto *request = checked<Request>(set_ipv4_address, body);
-    if (!request || answer_unhandled(message, body, handler))
+    auto *request = received<Request>(set_ipv4_address, message, body, handler);
+    if (!request)
         return;
     auto *serve = reinterpret_cast<gorvaNet_setIPv4Address_handler *>(handler);
     serve(message, data, &request->address);
@@ -126,9 +124,7 @@ void gorvaNet_recvReq_setIPv4Address(void *message, void *body, gorvaNet_functio
 
 void gorvaNet_sendRes_setIPv4Address(void *message, const struct ipv4_address_return *outcome)
 {
-    if (!wants_response(message))
-        return;
-    auto *body = new_body<Response>(set_ipv4_address);
+    auto *body = new_response<Response>(set_ipv4_address, message);
     if (!body)
         return;
     if (gorvaNet_ipv4_address_return_copy(&body->outcome, outcome))

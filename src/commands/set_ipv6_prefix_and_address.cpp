@@ -78,8 +78,8 @@ constexpr Method set_ipv6_prefix_and_address = {
 
 void gorvaNet_recvRes_setIPv6PrefixAndAddress(void *, RequestContext *context, void *body)
 {
-    auto *response = checked<Response>(set_ipv6_prefix_and_address, body);
-    if (!response || answer_unhandled(context, body, context->callback))
+    auto *response = received<Response>(set_ipv6_prefix_and_address, context, body, context->callback);
+    if (!response)
         return;
     auto *callback = reinterpret_cast<gorvaNet_setIPv6PrefixAndAddress_response *>(context->callback);
     callback(context, context->user_data, response->result);
@@ -93,9 +93,7 @@ uint32_t gorvaNet_sendReq_setIPv6PrefixAndAddress(void *user, gorvaNet_setIPv6Pr
                                                   void *pass1, void *pass2, const char *server,
                                                   const struct ipv6_prefix_addr_conf_list *list)
 {
-    if (!has_server(user, server))
-        return 0;
-    auto *body = new_body<Request>(set_ipv6_prefix_and_address);
+    auto *body = new_request<Request>(set_ipv6_prefix_and_address, user, server);
     if (!body)
         return 0;
     if (gorvaNet_ipv6_prefix_addr_conf_list_copy(&body->list, list))
@@ -114,8 +112,8 @@ int32_t gorvaNet_modSrv_recvMsg_setIPv6PrefixAndAddress(void *user, gorvaNet_set
 
 void gorvaNet_recvReq_setIPv6PrefixAndAddress(void *message, void *body, gorvaNet_function *handler, void *data)
 {
-    auto *request = checked<Request>(set_ipv6_prefix_and_address, body);
-    if (!request || answer_unhandled(message, body, handler))
+    auto *request = received<Request>(set_ipv6_prefix_and_address, message, body, handler);
+    if (!request)
         return;
     auto *serve = reinterpret_cast<gorvaNet_setIPv6PrefixAndAddress_handler *>(handler);
     serve(message, data, &request->list);
@@ -123,9 +121,7 @@ void gorvaNet_recvReq_setIPv6PrefixAndAddress(void *message, void *body, gorvaNe
 
 void gorvaNet_sendRes_setIPv6PrefixAndAddress(void *message, uint32_t result)
 {
-    if (!wants_response(message))
-        return;
-    auto *body = new_body<Response>(set_ipv6_prefix_and_address);
+    auto *body = new_response<Response>(set_ipv6_prefix_and_address, message);
     if (!body)
         return;
     body->result = result;

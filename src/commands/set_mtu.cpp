@@ -68,8 +68,8 @@ constexpr Method set_mtu = {
 
 void gorvaNet_recvRes_setMtu(void *, RequestContext *context, void *body)
 {
-    auto *response = checked<Response>(set_mtu, body);
-    if (!response || answer_unhandled(context, body, context->callback))
+    auto *response = received<Response>(set_mtu, context, body, context->callback);
+    if (!response)
         return;
     auto *callback = reinterpret_cast<gorvaNet_setMtu_response *>(context->callback);
     callback(context, context->user_data, response->result);
@@ -82,9 +82,7 @@ void gorvaNet_recvRes_setMtu(void *, RequestContext *context, void *body)
 uint32_t gorvaNet_sendReq_setMtu(void *user, gorvaNet_setMtu_response *callback, void *pass1, void *pass2,
                                  const char *server, uint32_t mtu)
 {
-    if (!has_server(user, server))
-        return 0;
-    auto *body = new_body<Request>(set_mtu);
+    auto *body = new_request<Request>(set_mtu, user, server);
     if (!body)
         return 0;
     body->mtu = mtu;
@@ -100,8 +98,8 @@ int32_t gorvaNet_modSrv_recvMsg_setMtu(void *user, gorvaNet_setMtu_handler *hand
 
 void gorvaNet_recvReq_setMtu(void *message, void *body, gorvaNet_function *handler, void *data)
 {
-    auto *request = checked<Request>(set_mtu, body);
-    if (!request || answer_unhandled(message, body, handler))
+    auto *request = received<Request>(set_mtu, message, body, handler);
+    if (!request)
         return;
     auto *serve = reinterpret_cast<gorvaNet_setMtu_handler *>(handler);
     serve(message, data, request->mtu);
@@ -109,9 +107,7 @@ void gorvaNet_recvReq_setMtu(void *message, void *body, gorvaNet_function *handl
 
 void gorvaNet_sendRes_setMtu(void *message, uint32_t result)
 {
-    if (!wants_response(message))
-        return;
-    auto *body = new_body<Response>(set_mtu);
+    auto *body = new_response<Response>(set_mtu, message);
     if (!body)
         return;
     body->result = result;

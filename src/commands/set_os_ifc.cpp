@@ -68,8 +68,8 @@ constexpr Method set_os_ifc = {
 
 void gorvaNet_recvRes_setOsIfc(void *, RequestContext *context, void *body)
 {
-    auto *response = checked<Response>(set_os_ifc, body);
-    if (!response || answer_unhandled(context, body, context->callback))
+    auto *response = received<Response>(set_os_ifc, context, body, context->callback);
+    if (!response)
         return;
     auto *callback = reinterpret_cast<gorvaNet_setOsIfc_response *>(context->callback);
     callback(context, context->user_data, response->result);
@@ -82,9 +82,7 @@ void gorvaNet_recvRes_setOsIfc(void *, RequestContext *context, void *body)
 uint32_t gorvaNet_sendReq_setOsIfc(void *user, gorvaNet_setOsIfc_response *callback, void *pass1, void *pass2,
                                    const char *server, const char *ifName)
 {
-    if (!has_server(user, server))
-        return 0;
-    auto *body = new_body<Request>(set_os_ifc);
+    auto *body = new_request<Request>(set_os_ifc, user, server);
     if (!body)
         return 0;
     copy_text(body->ifName, ifName);
@@ -100,8 +98,8 @@ int32_t gorvaNet_modSrv_recvMsg_setOsIfc(void *user, gorvaNet_setOsIfc_handler *
 
 void gorvaNet_recvReq_setOsIfc(void *message, void *body, gorvaNet_function *handler, void *data)
 {
-    auto *request = checked<Request>(set_os_ifc, body);
-    if (!request || answer_unhandled(message, body, handler))
+    auto *request = received<Request>(set_os_ifc, message, body, handler);
+    if (!request)
         return;
     auto *serve = reinterpret_cast<gorvaNet_setOsIfc_handler *>(handler);
     serve(message, data, request->ifName);
@@ -109,9 +107,7 @@ void gorvaNet_recvReq_setOsIfc(void *message, void *body, gorvaNet_function *han
 
 void gorvaNet_sendRes_setOsIfc(void *message, uint32_t result)
 {
-    if (!wants_response(message))
-        return;
-    auto *body = new_body<Response>(set_os_ifc);
+    auto *body = new_response<Response>(set_os_ifc, message);
     if (!body)
         return;
     body->result = result;

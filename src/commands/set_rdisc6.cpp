@@ -52,8 +52,8 @@ constexpr Method set_rdisc6 = {
 
 void gorvaNet_recvRes_setRdisc6(void *, RequestContext *context, void *body)
 {
-    auto *response = checked<Response>(set_rdisc6, body);
-    if (!response || answer_unhandled(context, body, context->callback))
+    auto *response = received<Response>(set_rdisc6, context, body, context->callback);
+    if (!response)
         return;
     auto *callback = reinterpret_cast<gorvaNet_setRdisc6_response *>(context->callback);
     callback(context, context->user_data);
@@ -66,9 +66,7 @@ void gorvaNet_recvRes_setRdisc6(void *, RequestContext *context, void *body)
 uint32_t gorvaNet_sendReq_setRdisc6(void *user, gorvaNet_setRdisc6_response *callback, void *pass1, void *pass2,
                                     const char *server, const char *ifName)
 {
-    if (!has_server(user, server))
-        return 0;
-    auto *body = new_body<Request>(set_rdisc6);
+    auto *body = new_request<Request>(set_rdisc6, user, server);
     if (!body)
         return 0;
     copy_text(body->ifName, ifName);
@@ -84,8 +82,8 @@ int32_t gorvaNet_modSrv_recvMsg_setRdisc6(void *user, gorvaNet_setRdisc6_handler
 
 void gorvaNet_recvReq_setRdisc6(void *message, void *body, gorvaNet_function *handler, void *data)
 {
-    auto *request = checked<Request>(set_rdisc6, body);
-    if (!request || answer_unhandled(message, body, handler))
+    auto *request = received<Request>(set_rdisc6, message, body, handler);
+    if (!request)
         return;
     auto *serve = reinterpret_cast<gorvaNet_setRdisc6_handler *>(handler);
     serve(message, data, request->ifName);
@@ -93,9 +91,7 @@ void gorvaNet_recvReq_setRdisc6(void *message, void *body, gorvaNet_function *ha
 
 void gorvaNet_sendRes_setRdisc6(void *message)
 {
-    if (!wants_response(message))
-        return;
-    auto *body = new_body<Response>(set_rdisc6);
+    auto *body = new_response<Response>(set_rdisc6, message);
     if (!body)
         return;
     send_response(message, body);

@@ -61,7 +61,7 @@ constexpr Method prefix_status = {
 void gorvaNet_sendReq_ntfyPrefixStatus(void *user, void *pass1, void *pass2, const char *name,
                                        const struct ipv6_prefixes *prefixes)
 {
-    auto *body = new_body<Request>(prefix_status);
+    auto *body = new_notification<Request>(prefix_status);
     if (!body)
         return;
     copy_text(body->name, name);
@@ -88,8 +88,8 @@ uint32_t gorvaNet_modCliNtfyUser_recvMsg_prefixStatus(void *user, gorvaNet_prefi
 
 void gorvaNet_recvReq_ntfyPrefixStatus(void *message, void *body, gorvaNet_function *handler, void *data)
 {
-    auto *request = checked<Request>(prefix_status, body);
-    if (!request || answer_unhandled(message, body, handler))
+    auto *request = received<Request>(prefix_status, message, body, handler);
+    if (!request)
         return;
     auto *serve = reinterpret_cast<gorvaNet_prefixStatus_handler *>(handler);
     serve(message, data, request->name, &request->prefixes);
