@@ -75,6 +75,23 @@ TEST_P(SendTest, TheBodyHoldsTheArgumentsAndZerosElsewhere)
     free(body);
 }
 
+TEST_P(SendTest, NullUsersAndPassThroughValuesAndAnEmptyServerNameArePassedOn)
+{
+    method().send(nullptr, method().callback, nullptr, nullptr, "");
+    Calls calls = take_calls();
+    ASSERT_EQ(calls.size(), 2u);
+    EXPECT_EQ(calls[0], (Call{"zebIntf_getCore_user", {0}}));
+    Words words = calls[1].words;
+    Words expected = hand_over(words, 0x1234).words;
+    expected[0] = 0x1000; // what the bus answers
+    expected[4] = 0;
+    expected[5] = 0;
+    expected[6] = words.at(6);
+    EXPECT_EQ(words, expected);
+    EXPECT_STREQ(reinterpret_cast<const char *>(words[6]), "");
+    free(reinterpret_cast<void *>(words[1]));
+}
+
 TEST_P(SendTest, TheBodyIsCompleteWhenItIsHandedOverAndLeftAloneFromThenOn)
 {
     Bytes held;

@@ -2,6 +2,7 @@
 
 #include "commands/method.h"
 
+#include <algorithm>
 #include <cstdlib>
 
 namespace {
@@ -10,9 +11,10 @@ namespace {
 
 class AcceptTest : public MethodTest {
 protected:
+    using Accept = int32_t(void *, gorvaNet_function *, void *, void *);
+
     int32_t accept()
     {
-        using Accept = int32_t(void *, gorvaNet_function *, void *, void *);
         return exported<Accept>(function("modSrv_recvMsg"))(user, method().handler, data, value3);
     }
 
@@ -29,6 +31,14 @@ TEST_P(AcceptTest, MakesTheUserServeTheMethod)
 {
     EXPECT_EQ(accept(), 0);
     EXPECT_EQ(take_calls(), Calls{accepted(gorvaNet_base.name)});
+}
+
+TEST_P(AcceptTest, NullArgumentsArePassedThrough)
+{
+    EXPECT_EQ(exported<Accept>(function("modSrv_recvMsg"))(nullptr, nullptr, nullptr, nullptr), 0);
+    Call expected = accepted(gorvaNet_base.name);
+    std::fill_n(expected.words.begin(), 4, 0);
+    EXPECT_EQ(take_calls(), Calls{expected});
 }
 
 TEST_P(AcceptTest, ReadsTheInterfacesNameFromTheDescriptor)

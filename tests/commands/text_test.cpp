@@ -91,6 +91,16 @@ TEST_P(TextTest, EveryLengthIsEncodedWithItsPadding)
     }
 }
 
+TEST_P(TextTest, BytesBehindTheNulAreNotSent)
+{
+    Bytes body = image_with("g");
+    body.at(text().place + 2) = 'h';
+    body.at(text().place + 3) = 'i';
+    ASSERT_EQ(encode(body.data()), 0u);
+    EXPECT_EQ(contents(output, size), wire_with("g", 4));
+    free(output);
+}
+
 TEST_P(TextTest, ThePaddedLengthsAreTheKnownOnes)
 {
     const std::vector<std::pair<uint32_t, uint8_t>> known = {{0, 4},  {1, 4},  {2, 4},   {3, 8},   {4, 8},   {6, 8},

@@ -215,6 +215,23 @@ TEST_F(PrefixStatusTest, AfterAFailedSendTheMiddlewareOwnsTheBodyAndNothingIsLog
     free(body);
 }
 
+TEST_F(PrefixStatusTest, NullArgumentsArePassedThrough)
+{
+    gorvaNet_sendReq_ntfyPrefixStatus(nullptr, nullptr, nullptr, "lan0", &prefixes);
+    Calls calls = take_calls();
+    ASSERT_EQ(calls.size(), 1u);
+    Call expected = sent(calls[0].words.at(1), gorvaNet_base.name, 0xffff);
+    expected.words[0] = expected.words[5] = expected.words[6] = 0;
+    EXPECT_EQ(calls[0], expected);
+    free(reinterpret_cast<void *>(calls[0].words[1]));
+
+    EXPECT_EQ(gorvaNet_modCliNtfyUser_recvMsg_prefixStatus(nullptr, nullptr, nullptr, nullptr, nullptr, nullptr), 0u);
+    expected = accepted(gorvaNet_base.name);
+    for (size_t place : {0u, 1u, 2u, 3u, 5u, 6u})
+        expected.words[place] = 0;
+    EXPECT_EQ(take_calls(), Calls{expected});
+}
+
 // ---- Accepting ------------------------------------------------------------------------------------------------------
 
 TEST_F(PrefixStatusTest, MakesTheUserReceiveTheNotification)
