@@ -21,7 +21,7 @@ bool is_borrowed_context(const void *handle)
 void release_refused(const Message &message, void *body, uint32_t status)
 {
     if (status == answer_normal && body != message.body)
-        Body(message.method, GORVANET_BODY_RESPONSE, body);
+        Body owned(message.method, GORVANET_BODY_RESPONSE, body);
 }
 
 // A client that does not take its response says so. The response is freed where it was decoded, in any case.

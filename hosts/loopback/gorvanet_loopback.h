@@ -33,9 +33,10 @@
  *
  * The host checks its callers. A misuse is reported and refused, with one of the results below where a result can say
  * it; bodies that came with it are released. One cannot be: a body with a number or a message that the host does not
- * know, since only the method knows how to release it.
+ * know, such as a request that is sent before the start, since only the method knows how to release it.
  *
- * One thread: everything is called on the thread that runs the loop. Out of memory ends the process.
+ * One thread: everything is called on the thread that runs the loop. Out of memory ends the process, and so does a
+ * handler, callback or posted function that throws.
  */
 #ifndef GORVANET_LOOPBACK_H
 #define GORVANET_LOOPBACK_H
@@ -70,7 +71,7 @@ void *gorvanet_loopback_add_user(const char *name);
  * here, each with a report; messages on their way to it are reported as undeliverable on their turn. May be called by
  * the user's own handlers.
  *
- * Result: 0; GORVANET_LOOPBACK_UNKNOWN_USER. */
+ * Result: 0; GORVANET_LOOPBACK_UNKNOWN_USER; GORVANET_LOOPBACK_BUSY when called from the observer. */
 int32_t gorvanet_loopback_remove_user(void *user);
 
 /* ---- The event loop ---------------------------------------------------------------------------------------------- */
@@ -105,9 +106,10 @@ int32_t gorvanet_loopback_tear_down(void);
 
 /* ---- Interfaces and messages ------------------------------------------------------------------------------------- */
 
-/* Withdraws an interface as a bus may do by itself, and tells the library through the interface's unreg callback.
+/* Withdraws an interface as a bus may do by itself, and tells the library through the interface's unreg callback. Its
+ * users are detached; what is still sent with its number is refused, until it is registered again.
  *
- * Result: 0; GORVANET_LOOPBACK_UNKNOWN_NUMBER. */
+ * Result: 0; GORVANET_LOOPBACK_UNKNOWN_NUMBER; GORVANET_LOOPBACK_BUSY when called from the observer. */
 int32_t gorvanet_loopback_withdraw(uint16_t number);
 
 /* Result: the number of messages that are queued, being handed over, or waiting for an answer. */

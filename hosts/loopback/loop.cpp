@@ -40,7 +40,8 @@ std::vector<std::pair<Hook *, void *>> &hooks()
 bool in_turn;
 bool stopped;
 
-void take_turn()
+// What is thrown out of a turn ends the process, as it would leave the turn half done.
+void take_turn() noexcept
 {
     Turn turn = turns().front();
     turns().pop_front();
@@ -52,7 +53,7 @@ void take_turn()
     in_turn = false;
 }
 
-bool is_busy(const char *caller)
+bool refuse_when_busy(const char *caller)
 {
     if (refuse_in_observer(caller))
         return true;
@@ -62,7 +63,7 @@ bool is_busy(const char *caller)
 }
 
 // A hook may hook again, for a next life; it is not called for this one.
-void call_hooks()
+void call_hooks() noexcept
 {
     for (auto [hook, context] : std::exchange(hooks(), {}))
         hook(context, tear_down_event);
@@ -88,7 +89,7 @@ using namespace loopback;
 
 int32_t gorvanet_loopback_run()
 {
-    if (is_busy(__func__))
+    if (refuse_when_busy(__func__))
         return GORVANET_LOOPBACK_BUSY;
     stopped = false;
     while (!turns().empty() && !stopped)
@@ -98,7 +99,7 @@ int32_t gorvanet_loopback_run()
 
 int32_t gorvanet_loopback_turn()
 {
-    if (is_busy(__func__))
+    if (refuse_when_busy(__func__))
         return GORVANET_LOOPBACK_BUSY;
     if (turns().empty())
         return GORVANET_LOOPBACK_IDLE;
@@ -123,17 +124,16 @@ int32_t gorvanet_loopback_post(void (*function)(void *data), void *data)
 
 int32_t gorvanet_loopback_tear_down()
 {
-    if (is_busy(__func__))
+    if (refuse_when_busy(__func__))
         return GORVANET_LOOPBACK_BUSY;
     in_turn = true; // what is called from here on must not run the loop
     call_hooks();
-    while (uint16_t number = any_registered_number())
+    for (uint16_t number : registered_numbers())
         gorvanet_loopback_withdraw(number);
     // Hooks and unreg callbacks may have left something behind: it ends with the rest.
     drop_messages();
     turns().clear();
-    while (!users().empty())
-        remove_user(*find_user(users().begin()->first));
+    clear_registry();
     in_turn = false;
     return 0;
 }

@@ -33,6 +33,19 @@ Interface *known_interface(uint32_t number, const char *caller = __builtin_FUNCT
     return interface;
 }
 
+bool is_registered(const Interface &interface, const char *caller = __builtin_FUNCTION())
+{
+    if (interface.withdrawn)
+        report_misuse("%s: interface %s was withdrawn", caller, interface.name.c_str());
+    return !interface.withdrawn;
+}
+
+Interface *registered_interface(uint32_t number, const char *caller = __builtin_FUNCTION())
+{
+    Interface *interface = known_interface(number, caller);
+    return interface && is_registered(*interface, caller) ? interface : nullptr;
+}
+
 bool is_attached(const User &user, const Interface &interface, const char *caller = __builtin_FUNCTION())
 {
     if (user.is_attached(interface.number))
@@ -83,7 +96,7 @@ int32_t accept(const Accept &request, Accepted entry, const char *caller = __bui
     if (!has_name(request.cmd->name, request.name, command_suffix, caller) ||
         !has_name(request.ntfy->name, request.name, notification_suffix, caller))
         return GORVANET_LOOPBACK_WRONG_NAME;
-    Interface *interface = known_interface(request.block->num, caller);
+    Interface *interface = registered_interface(request.block->num, caller);
     if (!interface)
         return GORVANET_LOOPBACK_UNKNOWN_NUMBER;
     if (!has_name(request.block->name, interface->name.c_str(), "", caller))
@@ -140,7 +153,7 @@ int32_t zebCore_putBase_msgMngt(uint32_t number, uint32_t)
 {
     if (refuse_in_observer())
         return GORVANET_LOOPBACK_BUSY;
-    Interface *interface = known_interface(number);
+    Interface *interface = registered_interface(number);
     if (!interface)
         return GORVANET_LOOPBACK_UNKNOWN_NUMBER;
     release_interface(*interface);
@@ -151,12 +164,12 @@ int32_t gorvanet_loopback_withdraw(uint16_t number)
 {
     if (refuse_in_observer())
         return GORVANET_LOOPBACK_BUSY;
-    Interface *interface = known_interface(number);
+    Interface *interface = registered_interface(number);
     if (!interface)
         return GORVANET_LOOPBACK_UNKNOWN_NUMBER;
-    MessageManagement head = release_interface(*interface);
-    if (head.unreg)
-        head.unreg(number);
+    withdraw_interface(*interface);
+    if (gorvaNet_unreg *unreg = interface->block->unreg)
+        unreg(number);
     return 0;
 }
 
@@ -167,7 +180,7 @@ int32_t zebIntf_regUser_msgMngt(void *user, void *value, void *reference, uint32
     User *known = known_user(HandleKind::user, user);
     if (!known)
         return GORVANET_LOOPBACK_UNKNOWN_USER;
-    Interface *interface = known_interface(number);
+    Interface *interface = registered_interface(number);
     if (!interface)
         return GORVANET_LOOPBACK_UNKNOWN_NUMBER;
     known->attach({interface->number, value, reference});
@@ -181,7 +194,7 @@ int32_t zebIntf_unregUser_msgMngt(void *user, uint32_t number, uint32_t, uint32_
     User *known = known_user(HandleKind::user, user);
     if (!known)
         return GORVANET_LOOPBACK_UNKNOWN_USER;
-    Interface *interface = known_interface(number);
+    Interface *interface = registered_interface(number);
     if (!interface)
         return GORVANET_LOOPBACK_UNKNOWN_NUMBER;
     if (!is_attached(*known, *interface))
@@ -224,7 +237,7 @@ uint32_t zebIntf_findSrvMthdNtfyUser(void *, void *, const char *interface_name,
     if (!is_present(interface_name, "interface name"))
         return 0;
     const Interface *interface = find_interface(std::string(interface_name) + notification_suffix);
-    if (!interface) {
+    if (!interface || interface->withdrawn) {
         report_misuse("%s: no interface '%s%s' is registered", __func__, interface_name, notification_suffix);
         return 0;
     }
@@ -251,7 +264,7 @@ uint32_t zebCore_sendMsgReq_toNameUser(void *core_user, void *body, Receiver *re
     if (!record)
         return 0;
     Body owned(*record, GORVANET_BODY_REQUEST, body);
-    if (refuse_in_observer())
+    if (refuse_in_observer() || !is_registered(*interface))
         return 0;
     const User *sender = known_user(HandleKind::core_user, core_user);
     if (!sender || !is_attached(*sender, *interface) || !is_present(server, "name of a serving user") ||
@@ -269,7 +282,7 @@ uint32_t zebIntf_sendReq_ntfy(void *user, void *body, uint32_t, uint32_t, uint32
     if (!record)
         return 0;
     Body owned(*record, GORVANET_BODY_REQUEST, body);
-    if (refuse_in_observer())
+    if (refuse_in_observer() || !is_registered(*interface))
         return 0;
     const User *sender = known_user(HandleKind::user, user);
     if (!sender || !is_attached(*sender, *interface) ||

@@ -69,6 +69,7 @@ Interface *register_interface(const char *name, uint32_t count)
         interface->number = number;
         interface->name = name;
     }
+    interface->withdrawn = false;
     interface->count = count;
     interface->block.reset(new_block(count));
     return interface;
@@ -90,18 +91,26 @@ Interface *find_interface(const std::string &name)
     return nullptr;
 }
 
-MessageManagement release_interface(Interface &interface)
+void withdraw_interface(Interface &interface)
 {
     for (auto &[number, user] : all_users())
         user.detach(interface.number);
-    MessageManagement head = *interface.block;
-    all_interfaces().erase(interface.number);
-    return head;
+    interface.withdrawn = true;
 }
 
-uint16_t any_registered_number()
+void release_interface(Interface &interface)
 {
-    return all_interfaces().empty() ? uint16_t{0} : all_interfaces().begin()->first;
+    withdraw_interface(interface);
+    all_interfaces().erase(interface.number);
+}
+
+std::vector<uint16_t> registered_numbers()
+{
+    std::vector<uint16_t> found;
+    for (const auto &[number, interface] : all_interfaces())
+        if (!interface.withdrawn)
+            found.push_back(number);
+    return found;
 }
 
 const MethodRecord *find_method(const Interface &interface, uint32_t method, const char *caller)
@@ -192,6 +201,12 @@ User *find_user(const std::string &name)
 const std::map<uint32_t, User> &users()
 {
     return all_users();
+}
+
+void clear_registry()
+{
+    all_users().clear();
+    all_interfaces().clear();
 }
 
 } // namespace loopback

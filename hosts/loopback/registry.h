@@ -23,19 +23,22 @@ struct Interface {
     std::string name;
     uint32_t count; // of method records behind the head
     std::unique_ptr<MessageManagement, Free> block;
+    // Without users, and closed to them. It stays until its name is registered again or everything ends: the library
+    // goes on sending with the number, and the block knows how to release the bodies.
+    bool withdrawn;
 };
 
 // Result: the registered interface, with an empty block; null when all numbers are in use.
 Interface *register_interface(const char *name, uint32_t count);
-Interface *find_interface(uint32_t number);
+Interface *find_interface(uint32_t number); // also one that was withdrawn, as by its name
 Interface *find_interface(const std::string &name);
 
-// Result: the head of the block as it was, so that the caller can still call its unreg. The users lose their
-// attachments and what they accepted of this interface.
-MessageManagement release_interface(Interface &interface);
+// The users lose their attachments and what they accepted of this interface.
+void withdraw_interface(Interface &interface);
+void release_interface(Interface &interface);
 
-// The number of any registered interface; 0 when there is none.
-uint16_t any_registered_number();
+// The numbers of the interfaces that are not withdrawn.
+std::vector<uint16_t> registered_numbers();
 
 // The words of a method that its bodies need, or null after a misuse report on behalf of `caller`.
 const MethodRecord *find_method(const Interface &interface, uint32_t method, const char *caller);
@@ -92,6 +95,9 @@ void remove_user(User &user);
 User *find_user(uint32_t number);
 User *find_user(const std::string &name);
 const std::map<uint32_t, User> &users();
+
+// Forgets all users and all interfaces.
+void clear_registry();
 
 } // namespace loopback
 

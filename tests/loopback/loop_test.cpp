@@ -74,6 +74,19 @@ TEST_F(LoopTest, StopWithoutARunDoesNothing)
     EXPECT_EQ(order, "a");
 }
 
+TEST_F(LoopTest, AFunctionThatThrowsEndsTheProcess)
+{
+    gorvanet_loopback_post([](void *) { throw 1; }, nullptr);
+    EXPECT_DEATH(
+        {
+            try {
+                gorvanet_loopback_run();
+            } catch (int) {
+            }
+        },
+        "");
+}
+
 TEST_F(LoopTest, TearDownTellsEveryHookOnce)
 {
     static std::vector<std::pair<void *, int32_t>> calls;
@@ -164,6 +177,27 @@ TEST_F(LoopTest, TearDownDropsWhatUnregLeavesBehind)
     EXPECT_EQ(gorvanet_loopback_run(), GORVANET_LOOPBACK_IDLE);
     EXPECT_EQ(order, "");
     EXPECT_NE(gorvanet_loopback_add_user("left over"), nullptr) << "the name is free";
+}
+
+TEST_F(LoopTest, TearDownEndsAnInterfaceThatRegistersAgain)
+{
+    static uint16_t number;
+    static uint32_t calls;
+    calls = 0;
+    struct Again {
+        static void add(uint16_t = 0)
+        {
+            ASSERT_LT(++calls, 10u);
+            MessageManagement *block = nullptr;
+            number = zebCore_getBase_msgMngt("Again", &block, 0);
+            ASSERT_NE(block, nullptr);
+            block->unreg = add;
+        }
+    };
+    Again::add();
+    EXPECT_EQ(gorvanet_loopback_tear_down(), 0);
+    EXPECT_EQ(calls, 2u);
+    EXPECT_EQ(zebCore_putBase_msgMngt(number, 0), GORVANET_LOOPBACK_UNKNOWN_NUMBER);
 }
 
 TEST_F(LoopTest, TearDownWithdrawsWhatIsStillRegistered)

@@ -126,6 +126,41 @@ TEST_F(UsersTest, AWithdrawnInterfaceTellsTheLibrary)
     EXPECT_EQ(count(GORVANET_LOOPBACK_MISUSE), 0u);
 }
 
+TEST_F(UsersTest, AWithdrawnInterfaceTakesNobody)
+{
+    start();
+    uint16_t number = gorvaNet_getNtfyIntfNum();
+    EXPECT_EQ(gorvanet_loopback_withdraw(number), 0);
+    EXPECT_EQ(gorvaNet_regUser_msgMngt(client, nullptr, nullptr, GORVANET_SELECT_NTFY),
+              uint32_t{GORVANET_LOOPBACK_UNKNOWN_NUMBER});
+    expect_misuse("interface GorvaNetNtfy was withdrawn");
+    EXPECT_EQ(gorvaNet_modCliNtfyUser_recvMsg_prefixStatus(client, nullptr, nullptr, nullptr, "bus", "service"),
+              uint32_t{GORVANET_LOOPBACK_UNKNOWN_NUMBER});
+    expect_misuse("interface GorvaNetNtfy was withdrawn");
+    EXPECT_EQ(gorvanet_loopback_withdraw(number), GORVANET_LOOPBACK_UNKNOWN_NUMBER);
+    expect_misuse("interface GorvaNetNtfy was withdrawn");
+    EXPECT_EQ(zebCore_putBase_msgMngt(number, 0), GORVANET_LOOPBACK_UNKNOWN_NUMBER);
+    expect_misuse("interface GorvaNetNtfy was withdrawn");
+    EXPECT_EQ(gorvaNet_findSrvMthdNtfyUser(nullptr, nullptr, 0, nullptr), 0u);
+    expect_misuse("no interface 'GorvaNetNtfy' is registered");
+}
+
+TEST_F(UsersTest, AWithdrawnInterfaceMayBeRegisteredAgain)
+{
+    start();
+    EXPECT_EQ(gorvanet_loopback_withdraw(gorvaNet_getCmdIntfNum()), 0);
+    EXPECT_EQ(gorvanet_loopback_withdraw(gorvaNet_getNtfyIntfNum()), 0);
+    EXPECT_EQ(gorvaNet_delBase(), 0u);
+    EXPECT_EQ(gorvaNet_addBase(), 0u);
+    EXPECT_EQ(gorvaNet_modSrv_recvMsg_setOsIfc(service, handler, this, nullptr), GORVANET_LOOPBACK_NOT_ATTACHED);
+    EXPECT_EQ(gorvaNet_regUser_msgMngt(service, nullptr, nullptr, GORVANET_SELECT_BOTH), 0u);
+    EXPECT_EQ(gorvaNet_regUser_msgMngt(client, nullptr, nullptr, GORVANET_SELECT_BOTH), 0u);
+    serve();
+    send();
+    gorvanet_loopback_run();
+    EXPECT_EQ(results, std::vector<uint32_t>{42});
+}
+
 TEST_F(UsersTest, NotificationUsersAreCounted)
 {
     start();
