@@ -3,7 +3,9 @@
 #
 #     setup build          what the library and the demo need
 #     setup build test     the same, and what the tests need
-#     setup build test check
+#     setup build test check        and what scripts/check needs
+#     setup build test coverage     or scripts/coverage
+#     setup build test analyse      or scripts/analyse
 
 have() {
     command -v "$1" >/dev/null 2>&1
@@ -32,6 +34,15 @@ missing_packages() {
             have clang-format || echo clang-format
             have clang-tidy || echo clang-tidy
             have shellcheck || echo shellcheck
+            ;;
+        coverage)
+            have gcovr || echo gcovr
+            ;;
+        analyse)
+            have clang++ || echo clang
+            have cppcheck || echo cppcheck
+            [ -n "$(find /usr/lib -name 'libclang_rt.ubsan_standalone-i386.a' 2>/dev/null | head -n 1)" ] ||
+                echo libclang-rt-14-dev
             ;;
         esac
     done
