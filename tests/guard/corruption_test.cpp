@@ -32,6 +32,17 @@ Bytes with_word(Bytes bytes, uint32_t offset, uint32_t value)
     return bytes;
 }
 
+// The bytes with a text of so many characters, and its NUL, in place of what is in the item.
+Bytes with_text(Bytes bytes, const model::Item &item, uint32_t length)
+{
+    bytes = with_word(bytes, item.offset + 4, length + 1);
+    auto value = bytes.begin() + static_cast<ptrdiff_t>(item.offset + item.header);
+    value = bytes.erase(value, value + static_cast<ptrdiff_t>(item.length));
+    value = bytes.insert(value, 1, 0);
+    bytes.insert(value, length, 'x');
+    return bytes;
+}
+
 } // namespace
 
 INSTANTIATE_TEST_SUITE_P(Of, CorruptionTest, testing::ValuesIn(every_body()), name_of_body);
@@ -80,4 +91,20 @@ TEST_P(CorruptionTest, OfEveryLength)
                 ASSERT_TRUE(both(with_word(golden, item.offset + half, value)))
                     << "item at " << item.offset << ", word " << half << " is " << value;
     tell("every length");
+}
+
+// The longest text is taken; one character more is not, by either.
+TEST_P(CorruptionTest, OfEveryTextByItsLength)
+{
+    unsigned texts = 0;
+    for (const model::Item &item : model::decode(body, golden).items) {
+        if (!item.is_text)
+            continue;
+        ASSERT_TRUE(both(with_text(golden, item, item.capacity - 1))) << "item at " << item.offset;
+        EXPECT_EQ(taken, ++texts);
+        ASSERT_TRUE(both(with_text(golden, item, item.capacity))) << "item at " << item.offset;
+        ASSERT_TRUE(both(with_text(golden, item, item.capacity + 1))) << "item at " << item.offset;
+        EXPECT_EQ(refused, 2 * texts);
+    }
+    EXPECT_EQ(skipped, 0u);
 }

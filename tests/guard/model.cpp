@@ -157,7 +157,8 @@ constexpr int32_t bad_prologue = 2;
 constexpr int32_t bad_field = 4;
 constexpr int32_t bad_pointer = 12;
 
-// Each step gives false when nothing more is read. Positions wrap at 32 bits, as the library's do.
+// Each step gives false when nothing more is read. Positions wrap at 32 bits, as the library's do. The length of an item
+// is read even if its tag is wrong: the log shows it.
 class Decoder {
 public:
     Decoder(const Body &body, std::span<const uint8_t> bytes) : body_(body), bytes_(bytes)
@@ -207,26 +208,29 @@ private:
 
     bool number(uint32_t tag, Kind kind, uint8_t *to)
     {
+        uint32_t length = word(at_ + 4);
         if (!expect(word(at_) == tag))
             return false;
         uint32_t value = word(at_ + 8);
         memcpy(to, &value, kind == Kind::u32 ? 4 : 1); // the low byte is the first one here
-        return next({.offset = at_, .header = 8, .length = word(at_ + 4), .needed = 4, .capacity = 4});
+        return next({.offset = at_, .header = 8, .length = length, .needed = 4, .capacity = 4});
     }
 
     bool wide(uint32_t tag, uint8_t *to)
     {
+        uint32_t length = word(at_ + 12);
         if (!expect(word(at_) == 0 && word(at_ + 4) == tag))
             return false;
         if (!expect(word(at_ + 16) == 0, bad_pointer))
             return false;
         uint32_t value = word(at_ + 20);
         memcpy(to, &value, sizeof value);
-        return next({.offset = at_, .header = 16, .length = word(at_ + 12), .needed = 8, .capacity = 8});
+        return next({.offset = at_, .header = 16, .length = length, .needed = 8, .capacity = 8});
     }
 
     bool text(const Field &field, uint8_t *to)
     {
+        uint32_t length = word(at_ + 4);
         if (!expect(word(at_) == field.tag))
             return false;
         uint32_t size = 1;
@@ -235,7 +239,12 @@ private:
         if (!expect(size <= field.capacity))
             return false;
         memcpy(to, bytes_.data() + at_ + 8, size);
-        return next({.offset = at_, .header = 8, .length = word(at_ + 4), .needed = size, .capacity = field.capacity});
+        return next({.offset = at_,
+                     .header = 8,
+                     .length = length,
+                     .needed = size,
+                     .capacity = field.capacity,
+                     .is_text = true});
     }
 
     bool expect(bool holds, int32_t status = bad_field)

@@ -41,6 +41,7 @@ struct Item {
     uint32_t length;   // of the value, as the item says; of the wide item the low half
     uint32_t needed;   // bytes of the value that the decoder reads
     uint32_t capacity; // the most that it takes
+    bool is_text = false;
 };
 
 // What the library makes of the bytes at the start of `size` bytes.
