@@ -75,7 +75,7 @@ int32_t gorvaNet_modSrv_recvMsg_askStateRenotification(void *user, gorvaNet_askS
 
 void gorvaNet_recvReq_askStateRenotification(void *message, void *body, gorvaNet_function *handler, void *data)
 {
-    auto *request = received<Request>(ask_state_renotification, message, body, handler);
+    auto *request = received_request<Request>(ask_state_renotification, message, body, handler);
     if (!request)
         return;
     auto *serve = reinterpret_cast<gorvaNet_askStateRenotification_handler *>(handler);

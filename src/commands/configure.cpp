@@ -72,7 +72,7 @@ int32_t gorvaNet_modSrv_recvMsg_configure(void *user, gorvaNet_configure_handler
 
 void gorvaNet_recvReq_configure(void *message, void *body, gorvaNet_function *handler, void *data)
 {
-    auto *request = received<Request>(configure, message, body, handler);
+    auto *request = received_request<Request>(configure, message, body, handler);
     if (!request)
         return;
     auto *serve = reinterpret_cast<gorvaNet_configure_handler *>(handler);

@@ -65,7 +65,7 @@ int32_t gorvaNet_modSrv_recvMsg_configureAllIPv6Intf(void *user, gorvaNet_config
 
 void gorvaNet_recvReq_configureAllIPv6Intf(void *message, void *body, gorvaNet_function *handler, void *data)
 {
-    auto *request = received<Request>(configure_all_ipv6_intf, message, body, handler);
+    auto *request = received_request<Request>(configure_all_ipv6_intf, message, body, handler);
     if (!request)
         return;
     auto *serve = reinterpret_cast<gorvaNet_configureAllIPv6Intf_handler *>(handler);

@@ -64,7 +64,7 @@ constexpr Method get_ipv6_props = {
 
 void gorvaNet_recvRes_getIPv6Props(void *, RequestContext *context, void *body)
 {
-    auto *response = received<Response>(get_ipv6_props, context, body, context->callback);
+    auto *response = received_response<Response>(get_ipv6_props, context, body);
     if (!response)
         return;
     auto *callback = reinterpret_cast<gorvaNet_getIPv6Props_response *>(context->callback);
@@ -95,7 +95,7 @@ int32_t gorvaNet_modSrv_recvMsg_getIPv6Props(void *user, gorvaNet_getIPv6Props_h
 
 void gorvaNet_recvReq_getIPv6Props(void *message, void *body, gorvaNet_function *handler, void *data)
 {
-    auto *request = received<Request>(get_ipv6_props, message, body, handler);
+    auto *request = received_request<Request>(get_ipv6_props, message, body, handler);
     if (!request)
         return;
     auto *serve = reinterpret_cast<gorvaNet_getIPv6Props_handler *>(handler);

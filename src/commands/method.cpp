@@ -80,6 +80,22 @@ uint32_t get_body(const Method &method, const BodyKind &kind, const uint8_t *buf
     return in.status;
 }
 
+bool check_body(const Method &method, const void *body, Where where)
+{
+    if (!check_body_present(body, where))
+        return false;
+    check_body_magic(body, method.magic, method.magic_name, where);
+    return true;
+}
+
+// Without a function to take it, answers the message (or request context) at once: nobody handles it.
+bool is_handled(void *message, void *body, gorvaNet_function *function)
+{
+    if (!function)
+        zebCore_sendMsgRes(message, body, answer_unhandled_message, send_options);
+    return function;
+}
+
 } // namespace
 
 void *allocate_request(const Method &method, const void *user, const char *server, Where where)
@@ -127,16 +143,14 @@ void send_response(void *message, void *body)
     zebCore_sendMsgRes(message, body, answer_normal, send_options);
 }
 
-void *check_received(const Method &method, void *message, void *body, gorvaNet_function *function, Where where)
+void *check_request(const Method &method, void *message, void *body, gorvaNet_function *function, Where where)
 {
-    if (!check_body_present(body, where))
-        return nullptr;
-    check_body_magic(body, method.magic, method.magic_name, where);
-    if (!function) {
-        zebCore_sendMsgRes(message, body, answer_unhandled_message, send_options);
-        return nullptr;
-    }
-    return body;
+    return check_body(method, body, where) && is_handled(message, body, function) ? body : nullptr;
+}
+
+void *check_response(const Method &method, RequestContext *context, void *body, Where where)
+{
+    return check_body(method, body, where) && is_handled(context, body, context->callback) ? body : nullptr;
 }
 
 int32_t accept(const Method &method, void *user, gorvaNet_function *handler, void *data, void *value3, Where where)

@@ -117,13 +117,22 @@ uint32_t send_one_way(const Method &method, void *user, void *body, void *pass, 
 void send_response(void *message, void *body);
 
 // The body that was received, for `function` to take; or null: without a body, which is logged, or without a function,
-// and then the message (or request context) is answered at once, since nobody handles it. A foreign magic aborts.
-void *check_received(const Method &method, void *message, void *body, gorvaNet_function *function, Where where);
+// and then the message (or request context) is answered at once, since nobody handles it. A foreign magic aborts. The
+// context of a response is looked at last.
+void *check_request(const Method &method, void *message, void *body, gorvaNet_function *function, Where where);
+void *check_response(const Method &method, RequestContext *context, void *body, Where where);
 
 template <typename Body>
-Body *received(const Method &method, void *message, void *body, gorvaNet_function *function, Where where = here())
+Body *received_request(const Method &method, void *message, void *body, gorvaNet_function *function,
+                       Where where = here())
 {
-    return static_cast<Body *>(check_received(method, message, body, function, where));
+    return static_cast<Body *>(check_request(method, message, body, function, where));
+}
+
+template <typename Body>
+Body *received_response(const Method &method, RequestContext *context, void *body, Where where = here())
+{
+    return static_cast<Body *>(check_response(method, context, body, where));
 }
 
 int32_t accept(const Method &method, void *user, gorvaNet_function *handler, void *data, void *value3,

@@ -79,7 +79,7 @@ constexpr Method register_prefix_status = {
 
 void gorvaNet_recvRes_registerPrefixStatus(void *, RequestContext *context, void *body)
 {
-    auto *response = received<Response>(register_prefix_status, context, body, context->callback);
+    auto *response = received_response<Response>(register_prefix_status, context, body);
     if (!response)
         return;
     auto *callback = reinterpret_cast<gorvaNet_registerPrefixStatus_response *>(context->callback);
@@ -114,7 +114,7 @@ int32_t gorvaNet_modSrv_recvMsg_registerPrefixStatus(void *user, gorvaNet_regist
 
 void gorvaNet_recvReq_registerPrefixStatus(void *message, void *body, gorvaNet_function *handler, void *data)
 {
-    auto *request = received<Request>(register_prefix_status, message, body, handler);
+    auto *request = received_request<Request>(register_prefix_status, message, body, handler);
     if (!request)
         return;
     auto *serve = reinterpret_cast<gorvaNet_registerPrefixStatus_handler *>(handler);

@@ -57,7 +57,7 @@ constexpr Method set_dhcp = {
 
 void gorvaNet_recvRes_setDhcp(void *, RequestContext *context, void *body)
 {
-    auto *response = received<Response>(set_dhcp, context, body, context->callback);
+    auto *response = received_response<Response>(set_dhcp, context, body);
     if (!response)
         return;
     auto *callback = reinterpret_cast<gorvaNet_setDhcp_response *>(context->callback);
@@ -88,7 +88,7 @@ int32_t gorvaNet_modSrv_recvMsg_setDhcp(void *user, gorvaNet_setDhcp_handler *ha
 
 void gorvaNet_recvReq_setDhcp(void *message, void *body, gorvaNet_function *handler, void *data)
 {
-    auto *request = received<Request>(set_dhcp, message, body, handler);
+    auto *request = received_request<Request>(set_dhcp, message, body, handler);
     if (!request)
         return;
     auto *serve = reinterpret_cast<gorvaNet_setDhcp_handler *>(handler);

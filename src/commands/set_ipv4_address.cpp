@@ -82,7 +82,7 @@ constexpr Method set_ipv4_address = {
 
 void gorvaNet_recvRes_setIPv4Address(void *, RequestContext *context, void *body)
 {
-    auto *response = received<Response>(set_ipv4_address, context, body, context->callback);
+    auto *response = received_response<Response>(set_ipv4_address, context, body);
     if (!response)
         return;
     auto *callback = reinterpret_cast<gorvaNet_setIPv4Address_response *>(context->callback);
@@ -115,7 +115,7 @@ int32_t gorvaNet_modSrv_recvMsg_setIPv4Address(void *user, gorvaNet_setIPv4Addre
 
 void gorvaNet_recvReq_setIPv4Address(void *message, void *body, gorvaNet_function *handler, void *data)
 {
-    auto *request = received<Request>(set_ipv4_address, message, body, handler);
+    auto *request = received_request<Request>(set_ipv4_address, message, body, handler);
     if (!request)
         return;
     auto *serve = reinterpret_cast<gorvaNet_setIPv4Address_handler *>(handler);

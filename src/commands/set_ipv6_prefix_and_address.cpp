@@ -78,7 +78,7 @@ constexpr Method set_ipv6_prefix_and_address = {
 
 void gorvaNet_recvRes_setIPv6PrefixAndAddress(void *, RequestContext *context, void *body)
 {
-    auto *response = received<Response>(set_ipv6_prefix_and_address, context, body, context->callback);
+    auto *response = received_response<Response>(set_ipv6_prefix_and_address, context, body);
     if (!response)
         return;
     auto *callback = reinterpret_cast<gorvaNet_setIPv6PrefixAndAddress_response *>(context->callback);
@@ -112,7 +112,7 @@ int32_t gorvaNet_modSrv_recvMsg_setIPv6PrefixAndAddress(void *user, gorvaNet_set
 
 void gorvaNet_recvReq_setIPv6PrefixAndAddress(void *message, void *body, gorvaNet_function *handler, void *data)
 {
-    auto *request = received<Request>(set_ipv6_prefix_and_address, message, body, handler);
+    auto *request = received_request<Request>(set_ipv6_prefix_and_address, message, body, handler);
     if (!request)
         return;
     auto *serve = reinterpret_cast<gorvaNet_setIPv6PrefixAndAddress_handler *>(handler);

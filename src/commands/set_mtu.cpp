@@ -68,7 +68,7 @@ constexpr Method set_mtu = {
 
 void gorvaNet_recvRes_setMtu(void *, RequestContext *context, void *body)
 {
-    auto *response = received<Response>(set_mtu, context, body, context->callback);
+    auto *response = received_response<Response>(set_mtu, context, body);
     if (!response)
         return;
     auto *callback = reinterpret_cast<gorvaNet_setMtu_response *>(context->callback);
@@ -98,7 +98,7 @@ int32_t gorvaNet_modSrv_recvMsg_setMtu(void *user, gorvaNet_setMtu_handler *hand
 
 void gorvaNet_recvReq_setMtu(void *message, void *body, gorvaNet_function *handler, void *data)
 {
-    auto *request = received<Request>(set_mtu, message, body, handler);
+    auto *request = received_request<Request>(set_mtu, message, body, handler);
     if (!request)
         return;
     auto *serve = reinterpret_cast<gorvaNet_setMtu_handler *>(handler);

@@ -68,7 +68,7 @@ constexpr Method set_os_ifc = {
 
 void gorvaNet_recvRes_setOsIfc(void *, RequestContext *context, void *body)
 {
-    auto *response = received<Response>(set_os_ifc, context, body, context->callback);
+    auto *response = received_response<Response>(set_os_ifc, context, body);
     if (!response)
         return;
     auto *callback = reinterpret_cast<gorvaNet_setOsIfc_response *>(context->callback);
@@ -98,7 +98,7 @@ int32_t gorvaNet_modSrv_recvMsg_setOsIfc(void *user, gorvaNet_setOsIfc_handler *
 
 void gorvaNet_recvReq_setOsIfc(void *message, void *body, gorvaNet_function *handler, void *data)
 {
-    auto *request = received<Request>(set_os_ifc, message, body, handler);
+    auto *request = received_request<Request>(set_os_ifc, message, body, handler);
     if (!request)
         return;
     auto *serve = reinterpret_cast<gorvaNet_setOsIfc_handler *>(handler);

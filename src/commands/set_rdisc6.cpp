@@ -52,7 +52,7 @@ constexpr Method set_rdisc6 = {
 
 void gorvaNet_recvRes_setRdisc6(void *, RequestContext *context, void *body)
 {
-    auto *response = received<Response>(set_rdisc6, context, body, context->callback);
+    auto *response = received_response<Response>(set_rdisc6, context, body);
     if (!response)
         return;
     auto *callback = reinterpret_cast<gorvaNet_setRdisc6_response *>(context->callback);
@@ -82,7 +82,7 @@ int32_t gorvaNet_modSrv_recvMsg_setRdisc6(void *user, gorvaNet_setRdisc6_handler
 
 void gorvaNet_recvReq_setRdisc6(void *message, void *body, gorvaNet_function *handler, void *data)
 {
-    auto *request = received<Request>(set_rdisc6, message, body, handler);
+    auto *request = received_request<Request>(set_rdisc6, message, body, handler);
     if (!request)
         return;
     auto *serve = reinterpret_cast<gorvaNet_setRdisc6_handler *>(handler);

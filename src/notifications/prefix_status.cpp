@@ -88,7 +88,7 @@ uint32_t gorvaNet_modCliNtfyUser_recvMsg_prefixStatus(void *user, gorvaNet_prefi
 
 void gorvaNet_recvReq_ntfyPrefixStatus(void *message, void *body, gorvaNet_function *handler, void *data)
 {
-    auto *request = received<Request>(prefix_status, message, body, handler);
+    auto *request = received_request<Request>(prefix_status, message, body, handler);
     if (!request)
         return;
     auto *serve = reinterpret_cast<gorvaNet_prefixStatus_handler *>(handler);

@@ -229,6 +229,18 @@ TEST_P(ReceiveResponseTest, ANullBodyWithoutACallbackIsNotAnswered)
     EXPECT_EQ(take_log(), LogLines{logged(3, function("recvRes").c_str(), "Ctx[NULL] text[%s]\n", "")});
 }
 
+// No context is needed to find these faults.
+TEST_P(ReceiveResponseTest, LooksAtTheBodyBeforeTheContext)
+{
+    receiver(ignored, nullptr, nullptr);
+    EXPECT_EQ(take_log(), LogLines{logged(3, function("recvRes").c_str(), "Ctx[NULL] text[%s]\n", "")});
+
+    body[0] = static_cast<uint8_t>(body[0] ^ 1);
+    uint32_t found = method().magic ^ 1;
+    EXPECT_TRUE(aborts([this] { receiver(ignored, nullptr, body.data()); }));
+    EXPECT_EQ(take_log(), LogLines{magic_line(found)});
+}
+
 TEST_P(ReceiveResponseTest, AbortsOnAForeignMagic)
 {
     body[0] = static_cast<uint8_t>(body[0] ^ 1);
