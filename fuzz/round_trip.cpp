@@ -1,4 +1,5 @@
-// Records and bodies with any content: encoded, decoded and encoded again, they give the same bytes and the same record.
+// Records and bodies with any content: encoded, decoded and encoded again, they give the same bytes and the same
+// record.
 
 #include "check.h"
 #include "input.h"

@@ -8,10 +8,10 @@
 //         return drop(guard::explain(admission.verdict));
 //     row.unserializeBody(type, admission.body.data(), &body, &size);
 //
-// A sound body's items follow one another from its first byte to its last, in the order in which the decoder reads them,
-// and hold what it reads: so it stays inside, and gives 0. Everything that the library encodes is sound, and so are
-// items longer than they need be. Of a list whose count is beyond its capacity, capacity elements are there, as the
-// decoder reads them.
+// A sound body's items follow one another from its first byte to its last, in the order in which the decoder reads
+// them, and hold what it reads: so it stays inside, and gives 0. Everything that the library encodes is sound, and so
+// are items longer than they need be. Of a list whose count is beyond its capacity, capacity elements are there, as
+// the decoder reads them.
 
 #ifndef GORVANET_HOSTS_GUARD_H
 #define GORVANET_HOSTS_GUARD_H

@@ -13,8 +13,8 @@ protected:
     // What the guard says of the bytes.
     guard::Verdict check(std::span<const uint8_t> bytes) const;
 
-    // The guard takes the bytes exactly if they are well formed, and what it takes the library decodes as the model does
-    // without a look behind the last byte. Gives false, after a failure of the test, if not.
+    // The guard takes the bytes exactly if they are well formed, and what it takes the library decodes as the model
+    // does, without a look behind the last byte. Gives false, after a failure of the test, if not.
     bool guarded(const Bytes &bytes);
 
     // The library makes of the bytes, with zeros behind them, what the model does. Cases in which the items lead out of

@@ -1,5 +1,5 @@
-// One body of each kind, damaged in every place: what the guard takes the library decodes, and what the library is given
-// all the same it treats as the model says.
+// One body of each kind, damaged in every place: what the guard takes the library decodes, and what the library is
+// given all the same it treats as the model says.
 
 #include "guard/body_test.h"
 

@@ -157,8 +157,8 @@ constexpr int32_t bad_prologue = 2;
 constexpr int32_t bad_field = 4;
 constexpr int32_t bad_pointer = 12;
 
-// Each step gives false when nothing more is read. Positions wrap at 32 bits, as the library's do. The length of an item
-// is read even if its tag is wrong: the log shows it.
+// Each step gives false when nothing more is read. Positions wrap at 32 bits, as the library's do. The length of an
+// item is read even if its tag is wrong: the log shows it.
 class Decoder {
 public:
     Decoder(const Body &body, std::span<const uint8_t> bytes) : body_(body), bytes_(bytes)
