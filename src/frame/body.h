@@ -20,7 +20,7 @@ inline uint32_t magic_of(const void *body)
 
 inline uint16_t flag_of(const void *body)
 {
-    return *reinterpret_cast<const uint16_t *>(static_cast<const char *>(body) + flag_offset);
+    return static_cast<const uint16_t *>(body)[flag_offset / sizeof(uint16_t)];
 }
 
 #endif
