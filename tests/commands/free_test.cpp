@@ -2,9 +2,17 @@
 
 #include "commands/method.h"
 
+#include <csignal>
 #include <cstdlib>
+#include <sys/wait.h>
 
 namespace {
+
+// Ended by a fault, as the kernel or a sanitizer reports it, and not by an abort that a check would have made.
+bool faults(int status)
+{
+    return status != 0 && !(WIFSIGNALED(status) && WTERMSIG(status) == SIGABRT);
+}
 
 class FreeTest : public BodyTest {
 protected:
@@ -103,7 +111,7 @@ TEST_P(FreeTest, ForAForeignMagicWithASetFlagTheOrderOfTheChecksCounts)
 TEST_P(FreeTest, OnlyTheRequestOfACommandMayBeNull)
 {
     if (!magic_first()) {
-        EXPECT_DEATH(call(nullptr), "");
+        EXPECT_EXIT(call(nullptr), faults, "");
         return;
     }
     call(nullptr);
