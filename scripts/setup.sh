@@ -6,6 +6,7 @@
 #     setup build test check        and what scripts/check needs
 #     setup build test coverage     or scripts/coverage
 #     setup build test analyse      or scripts/analyse
+#     setup build bench    what the library needs, and scripts/bench
 
 have() {
     command -v "$1" >/dev/null 2>&1
@@ -43,6 +44,10 @@ missing_packages() {
             have cppcheck || echo cppcheck
             [ -n "$(find /usr/lib -name 'libclang_rt.ubsan_standalone-i386.a' 2>/dev/null | head -n 1)" ] ||
                 echo libclang-rt-14-dev
+            ;;
+        bench)
+            have valgrind || echo valgrind
+            have python3 || echo python3
             ;;
         esac
     done

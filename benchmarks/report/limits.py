@@ -1,0 +1,11 @@
+"""What the figures must not exceed."""
+
+INSTRUCTIONS = {
+    "W1 serialize_lg": 60, "W1 serialize": 118, "W1 unserialize": 113,
+    "W2 serialize_lg": 199, "W2 serialize": 475, "W2 unserialize": 446,
+    "W3 serialize_lg": 578, "W3 serialize": 1226, "W3 unserialize": 1184,
+    "W4 serialize_lg": 721, "W4 serialize": 1733, "W4 unserialize": 1817,
+    "W5 serialize_lg": 2842, "W5 serialize": 7053, "W5 unserialize": 7409,
+    "W6 serialize_lg": 1153, "W6 serialize": 2773, "W6 unserialize": 2828,
+    "W7": 4570,
+}
