@@ -6,16 +6,6 @@ namespace {
 
 class Block : public FrameTest {};
 
-// The words of a block as they must be once the interface at `place` of the descriptor has registered.
-Words filled(const BaseWords &base, size_t place, size_t methods)
-{
-    Words block = {base[place + 1], base[place + 2], untouched};
-    for (size_t row = place + 4; row < place + 4 + row_words * methods; row += row_words)
-        block.insert(block.end(), &base[row + 1], &base[row + 7]);
-    block.insert(block.end(), guard_words, untouched);
-    return block;
-}
-
 // Gives every word of the rows a value of its own.
 void number_rows()
 {

@@ -28,6 +28,15 @@ void set_word_of_base(size_t place, uint32_t word)
     memcpy(reinterpret_cast<char *>(&gorvaNet_base) + 4 * place, &word, sizeof word);
 }
 
+Words filled(const BaseWords &base, size_t place, size_t methods)
+{
+    Words block = {base[place + 1], base[place + 2], untouched};
+    for (size_t row = place + 4; row < place + 4 + row_words * methods; row += row_words)
+        block.insert(block.end(), &base[row + 1], &base[row + 7]);
+    block.insert(block.end(), guard_words, untouched);
+    return block;
+}
+
 Calls calls_made()
 {
     Calls calls = take_calls();

@@ -35,6 +35,9 @@ using BaseWords = std::array<uint32_t, base_words>;
 BaseWords words_of_base();
 void set_word_of_base(size_t place, uint32_t word);
 
+// The words of a block as they must be once the interface at `place` of the descriptor has registered.
+Words filled(const BaseWords &base, size_t place, size_t methods);
+
 // The numbers that the middleware gives at a first start.
 constexpr uint32_t cmd_number = first_number;
 constexpr uint32_t ntfy_number = first_number + 1;

@@ -1,293 +1,210 @@
-// Every sequence of up to four lifecycle events, against a model of the interface written down separately: results,
+// Every sequence of lifecycle events, up to four of them or, in the long form, up to six, against the model: results,
 // calls of the bus, log lines and the whole descriptor after each event.
 
-#include "frame_test.h"
+#include "model.h"
+
+#include "support/long_form.h"
+
+#include <iterator>
 
 namespace {
 
 class Sequence : public FrameTest {};
 
-enum class Event {
-    add,
-    add_without_cmd_block,
-    add_without_ntfy_block,
-    add_with_number_but_no_cmd_block,
-    add_without_hook,
-    del,
-    del_cmd_kept,
-    del_ntfy_kept,
-    event_0,
-    event_0_cmd_kept,
-    event_1,
-    unreg_cmd,
-    unreg_ntfy,
-    unreg_cmd_unknown,
-};
-
-constexpr int events = 14;
-
-// What an event leads to. Events without a result have 0.
-struct Outcome {
-    uint32_t result = 0;
-    Calls calls;
-    LogLines lines;
-};
-
-// The interface as it should be.
-class Model {
-public:
-    Frame frame;
-
-    Outcome happens(Event event);
-
-private:
-    Outcome add(Event event);
-    Outcome del(Event event);
-    Outcome event_0(Event event);
-    Outcome unreg(uint32_t flag, const char *flag_name, const char *function);
-
-    // The middleware counts the blocks that it hands out.
-    uint32_t next_number = first_number;
-};
-
-constexpr uint32_t number_without_block = 0x4321;
 constexpr uint32_t kept_status = 0x77;
 constexpr uint32_t hook_status = 0x66;
+constexpr uint32_t number_without_block = 0x4321;
+constexpr uint32_t unknown_number = 2;
 
-LogLine wrong_state(const char *function, const char *state_name, uint32_t state, uint32_t found)
+// The numbers that the middleware grants next: never the same twice.
+struct Granting {
+    Grant cmd;
+    Grant ntfy;
+};
+
+Granting next_grants()
 {
-    return logged(3, function, "Check State[%s-%X] Ctx[ptr(%p) state(%X)] text[%s]\n", state_name, state,
-                  static_cast<void *>(&gorvaNet_base), found, "");
+    auto given = static_cast<uint32_t>(first_number + blocks().size());
+    return {{given, true}, {given + 1, true}};
 }
 
-Outcome Model::add(Event event)
+constexpr Grant refusal = {0xffff, false};
+constexpr Grant number_only = {number_without_block, false};
+
+struct Event {
+    const char *name;
+    // Tells the model, makes the bus answer as the event says, and gives what the model says.
+    Outcome (*expect)(Model &model);
+    uint32_t (*run)();
+};
+
+Outcome expect_add(Model &model, const Grant &cmd, const Grant &ntfy, uint32_t hook)
 {
-    const char *name = "gorvaNet_addBase";
-    if (frame.state == 1)
-        return {3, {}, {wrong_state(name, "GORVANET_STATE_BASE_WAIT_INIT", 0, 1)}};
-    frame.flags = 0;
-
-    Outcome outcome{.result = 1, .calls = {asks_for_cmd()}, .lines = {}};
-    if (event == Event::add_without_cmd_block || event == Event::add_with_number_but_no_cmd_block) {
-        frame.cmd = event == Event::add_without_cmd_block ? 0xffff : number_without_block;
-        outcome.lines = {logged(3, name, "Add command message management failed\n")};
-        return outcome;
-    }
-    frame.cmd = next_number++;
-    frame.flags = 1;
-
-    outcome.calls.push_back(asks_for_ntfy());
-    if (event == Event::add_without_ntfy_block) {
-        frame.ntfy = 0xffff;
-        outcome.lines = {logged(3, name, "Add notification message management failed\n")};
-        return outcome;
-    }
-    frame.ntfy = next_number++;
-    frame.flags = 3;
-
-    outcome.calls.push_back(hooks_event_loop());
-    if (event == Event::add_without_hook) {
-        outcome.result = hook_status;
-        outcome.lines = {logged(3, name, "Add event base failed(%d)\n", 0x66)};
-        return outcome;
-    }
-    frame.state = 1;
-    outcome.result = 0;
-    return outcome;
+    answer_start(cmd, ntfy, hook);
+    return model.add(cmd, ntfy, hook);
 }
 
-Outcome Model::del(Event event)
+// Makes the middleware answer so to the release of each interface, which are told apart by their numbers.
+void answer_stop(uint32_t cmd_status, uint32_t ntfy_status)
 {
-    const char *name = "gorvaNet_delBase";
-    if (frame.state == 0)
-        return {3, {}, {wrong_state(name, "GORVANET_STATE_BASE_INIT", 1, 0)}};
-
-    Outcome outcome;
-    if (frame.flags & 1) {
-        outcome.calls.push_back(releases(frame.cmd));
-        if (event == Event::del_cmd_kept || event == Event::event_0_cmd_kept) {
-            outcome.result = kept_status;
-            outcome.lines = {logged(3, name, "Put command message management(%u) failed(%d)\n", frame.ntfy, 0x77)};
-            return outcome;
-        }
-        frame.cmd = 0xffff;
-        frame.flags = frame.flags & 2;
-    }
-    if (frame.flags & 2) {
-        outcome.calls.push_back(releases(frame.ntfy));
-        if (event == Event::del_ntfy_kept) {
-            outcome.result = kept_status;
-            outcome.lines = {logged(3, name, "Put notification message management(%u) failed(%d)\n", frame.ntfy, 0x77)};
-            return outcome;
-        }
-        frame.ntfy = 0xffff;
-        frame.flags = 0;
-    }
-    frame.state = 0;
-    return outcome;
+    uint32_t cmd = gorvaNet_base.cmd.num;
+    answer("zebCore_putBase_msgMngt", [cmd, cmd_status, ntfy_status](const Words &words) -> uintptr_t {
+        return words[0] == cmd ? cmd_status : ntfy_status;
+    });
 }
 
-Outcome Model::event_0(Event event)
+Outcome expect_del(Model &model, uint32_t cmd_status, uint32_t ntfy_status)
 {
-    Outcome outcome = del(event);
-    if (outcome.result != 0)
-        outcome.lines.push_back(logged(3, "gorvaNet_cbEvtBase", "Delete Base\n"));
-    outcome.result = 0;
-    return outcome;
+    answer_stop(cmd_status, ntfy_status);
+    return model.del(cmd_status, ntfy_status);
 }
 
-// The middleware names the number that the interface has.
-Outcome Model::unreg(uint32_t flag, const char *flag_name, const char *function)
+Outcome expect_event_0(Model &model, uint32_t cmd_status, uint32_t ntfy_status)
 {
-    Outcome outcome;
-    if ((frame.flags & flag) == 0)
-        outcome.lines = {logged(4, function, "Unset Flag[%s-%X] in ctx(%p) not set[%X] text[%s]\n", flag_name, flag,
-                                static_cast<void *>(&gorvaNet_base), frame.flags, "")};
-    frame.flags = frame.flags & ~flag;
-    return outcome;
+    answer_stop(cmd_status, ntfy_status);
+    return model.event_0(cmd_status, ntfy_status);
 }
 
-Outcome Model::happens(Event event)
+Outcome expect_del_while_withdrawn(Model &model)
 {
-    switch (event) {
-    case Event::add:
-    case Event::add_without_cmd_block:
-    case Event::add_without_ntfy_block:
-    case Event::add_with_number_but_no_cmd_block:
-    case Event::add_without_hook:
-        return add(event);
-    case Event::del:
-    case Event::del_cmd_kept:
-    case Event::del_ntfy_kept:
-        return del(event);
-    case Event::event_0:
-    case Event::event_0_cmd_kept:
-        return event_0(event);
-    case Event::event_1:
-        return {0, {}, {logged(3, "gorvaNet_cbEvtBase", "Unknown event(%d)\n", 1)}};
-    case Event::unreg_cmd:
-        return unreg(1, "GORVANET_FLAGS_BASE_REG_CMD", "gorvaNet_cbEvtMsgMngt_unreg_msgCmd");
-    case Event::unreg_ntfy:
-        return unreg(2, "GORVANET_FLAGS_BASE_REG_NTFY", "gorvaNet_cbEvtMsgMngt_unreg_msgNtfy");
-    case Event::unreg_cmd_unknown:
-        return {0, {}, {logged(3, "gorvaNet_cbEvtMsgMngt_unreg_msgCmd", "Message management(%d) unknown\n", 2)}};
-    }
-    return {};
-}
-
-// Makes the bus answer as the event says; the numbers tell the two blocks of one descriptor apart.
-void prepare_bus(Event event)
-{
-    answer("zebCore_getBase_msgMngt", hand_out_block);
-    answer("zebCore_putBase_msgMngt", 0);
-    answer("ruvo_addEvtBase", event == Event::add_without_hook ? hook_status : 0);
-    if (event == Event::add_without_cmd_block)
-        refuse_block(12);
-    if (event == Event::add_without_ntfy_block)
-        refuse_block(1);
-    if (event == Event::add_with_number_but_no_cmd_block)
-        give_number_without_block(12, number_without_block);
-    if (event == Event::del_cmd_kept || event == Event::event_0_cmd_kept)
-        keep_block(gorvaNet_base.cmd.num, kept_status);
-    if (event == Event::del_ntfy_kept)
-        keep_block(gorvaNet_base.ntfy.num, kept_status);
-}
-
-uint32_t run(Event event)
-{
-    switch (event) {
-    case Event::add:
-    case Event::add_without_cmd_block:
-    case Event::add_without_ntfy_block:
-    case Event::add_with_number_but_no_cmd_block:
-    case Event::add_without_hook:
-        return gorvaNet_addBase();
-    case Event::del:
-    case Event::del_cmd_kept:
-    case Event::del_ntfy_kept:
-        return gorvaNet_delBase();
-    case Event::event_0:
-    case Event::event_0_cmd_kept:
-        gorvaNet_cbEvtBase(nullptr, 0);
+    answer("zebCore_putBase_msgMngt", [](const Words &words) -> uintptr_t {
+        auto number = static_cast<uint16_t>(words[0]);
+        auto *unreg = number == gorvaNet_base.cmd.num ? gorvaNet_base.cmd.unreg : gorvaNet_base.ntfy.unreg;
+        unreg(number);
         return 0;
-    case Event::event_1:
-        gorvaNet_cbEvtBase(nullptr, 1);
-        return 0;
-    case Event::unreg_cmd:
-        gorvaNet_cbEvtMsgMngt_unreg_msgCmd(gorvaNet_base.cmd.num);
-        return 0;
-    case Event::unreg_ntfy:
-        gorvaNet_cbEvtMsgMngt_unreg_msgNtfy(gorvaNet_base.ntfy.num);
-        return 0;
-    case Event::unreg_cmd_unknown:
-        gorvaNet_cbEvtMsgMngt_unreg_msgCmd(2);
-        return 0;
-    }
+    });
+    return model.del(0, 0, true);
+}
+
+uint32_t send_event(int32_t event)
+{
+    gorvaNet_cbEvtBase(&gorvaNet_base, event);
     return 0;
 }
 
-// The descriptor at first, with what the model says that may change.
-BaseWords expected_words(const BaseWords &at_first, const Frame &frame)
+uint32_t withdraw_cmd(uint16_t number)
 {
-    BaseWords words = at_first;
-    words[5] = 0x000c0000 | frame.cmd;
-    words[105] = 0x00010000 | frame.ntfy;
-    words[115] = frame.flags << 8 | frame.state;
-    return words;
+    gorvaNet_cbEvtMsgMngt_unreg_msgCmd(number);
+    return 0;
 }
 
-// Both blocks that a successful start has filled hold all their records.
-void check_latest_blocks(const BaseWords &at_first)
+uint32_t withdraw_ntfy(uint16_t number)
 {
-    const Words &cmd = blocks().at(blocks().size() - 2);
-    const Words &ntfy = blocks().back();
-    EXPECT_EQ(cmd[0], at_first[3]);
-    EXPECT_EQ(cmd[3 + 6 * 11 + 1], at_first[cmd_rows + row_words * 11 + 2]);
-    EXPECT_EQ(ntfy[0], at_first[103]);
-    EXPECT_EQ(ntfy[3 + 1], at_first[ntfy_rows + 2]);
+    gorvaNet_cbEvtMsgMngt_unreg_msgNtfy(number);
+    return 0;
 }
 
-void check_sequence(const std::vector<Event> &sequence)
-{
-    const BaseWords at_first = words_of_base();
-    Model model;
-    for (Event event : sequence) {
-        prepare_bus(event);
-        Outcome expected = model.happens(event);
-        EXPECT_EQ(run(event), expected.result);
+constexpr Event events[] = {
+    {"add",
+     [](Model &model) {
+         auto [cmd, ntfy] = next_grants();
+         return expect_add(model, cmd, ntfy, 0);
+     },
+     gorvaNet_addBase},
+    {"add_without_cmd_block", [](Model &model) { return expect_add(model, refusal, next_grants().ntfy, 0); },
+     gorvaNet_addBase},
+    {"add_without_ntfy_block", [](Model &model) { return expect_add(model, next_grants().cmd, refusal, 0); },
+     gorvaNet_addBase},
+    {"add_with_number_but_no_cmd_block",
+     [](Model &model) { return expect_add(model, number_only, next_grants().ntfy, 0); }, gorvaNet_addBase},
+    {"add_with_number_but_no_ntfy_block",
+     [](Model &model) { return expect_add(model, next_grants().cmd, number_only, 0); }, gorvaNet_addBase},
+    {"add_without_hook",
+     [](Model &model) {
+         auto [cmd, ntfy] = next_grants();
+         return expect_add(model, cmd, ntfy, hook_status);
+     },
+     gorvaNet_addBase},
+    {"initialize",
+     [](Model &model) {
+         auto [cmd, ntfy] = next_grants();
+         answer_start(cmd, ntfy, 0);
+         return model.initialize(cmd, ntfy, 0);
+     },
+     gorvanet_initialize},
+    {"del", [](Model &model) { return expect_del(model, 0, 0); }, gorvaNet_delBase},
+    {"del_cmd_kept", [](Model &model) { return expect_del(model, kept_status, 0); }, gorvaNet_delBase},
+    {"del_ntfy_kept", [](Model &model) { return expect_del(model, 0, kept_status); }, gorvaNet_delBase},
+    {"del_while_withdrawn", expect_del_while_withdrawn, gorvaNet_delBase},
+    {"event_0", [](Model &model) { return expect_event_0(model, 0, 0); }, [] { return send_event(0); }},
+    {"event_0_cmd_kept", [](Model &model) { return expect_event_0(model, kept_status, 0); },
+     [] { return send_event(0); }},
+    {"event_0_ntfy_kept", [](Model &model) { return expect_event_0(model, 0, kept_status); },
+     [] { return send_event(0); }},
+    {"event_1", [](Model &model) { return model.other_event(1); }, [] { return send_event(1); }},
+    {"unreg_cmd", [](Model &model) { return model.unreg_cmd(model.frame.cmd); },
+     [] { return withdraw_cmd(gorvaNet_base.cmd.num); }},
+    {"unreg_ntfy", [](Model &model) { return model.unreg_ntfy(model.frame.ntfy); },
+     [] { return withdraw_ntfy(gorvaNet_base.ntfy.num); }},
+    {"unreg_cmd_unknown", [](Model &model) { return model.unreg_cmd(unknown_number); },
+     [] { return withdraw_cmd(unknown_number); }},
+    {"unreg_ntfy_unknown", [](Model &model) { return model.unreg_ntfy(unknown_number); },
+     [] { return withdraw_ntfy(unknown_number); }},
+};
+
+// The tree of all sequences: each node is one, and adds one event to its parent's. The descriptor is all that the
+// library remembers (the test abi.*.writable), so putting it back is going back in time, and no sequence is run twice.
+class Tree {
+public:
+    explicit Tree(uint32_t depth) : deepest(depth)
+    {
+    }
+
+    void grow(const Model &model)
+    {
+        if (path.size() == deepest)
+            return;
+        const gorvaNet_descriptor descriptor_before = gorvaNet_base;
+        const size_t blocks_before = blocks().size();
+        for (const Event &event : events) {
+            Model then = model;
+            path.push_back(event.name);
+            check(event, then);
+            if (testing::Test::HasFailure())
+                return;
+            grow(then);
+            if (testing::Test::HasFailure())
+                return;
+            path.pop_back();
+            gorvaNet_base = descriptor_before;
+            blocks().resize(blocks_before);
+        }
+    }
+
+    uint32_t checked = 0;
+    std::vector<std::string> path; // of the sequence that failed
+
+private:
+    void check(const Event &event, Model &model)
+    {
+        Outcome expected = event.expect(model);
+        EXPECT_EQ(event.run(), expected.result);
         EXPECT_EQ(calls_made(), expected.calls);
         EXPECT_EQ(take_log(), expected.lines);
         EXPECT_EQ(frame(), model.frame);
         EXPECT_EQ(words_of_base(), expected_words(at_first, model.frame));
-        if (event == Event::add && expected.result == 0)
-            check_latest_blocks(at_first);
+        checked++;
     }
-}
 
-std::string described(const std::vector<Event> &sequence)
+    const BaseWords at_first = words_of_base();
+    const uint32_t deepest;
+};
+
+// 19 + 19^2 + ... + 19^depth
+uint32_t sequences(uint32_t depth)
 {
-    std::string text = "events";
-    for (Event event : sequence)
-        text += " " + std::to_string(static_cast<int>(event));
-    return text;
+    return depth ? static_cast<uint32_t>(std::size(events)) * (1 + sequences(depth - 1)) : 0;
 }
 
 } // namespace
 
-TEST_F(Sequence, OfUpToFourEventsBehavesAsTheModelSays)
+TEST_F(Sequence, OfEventsBehavesAsTheModelSays)
 {
-    size_t checked = 0;
-    for (int first = 0; first < events; first++) {
-        for (int rest = 0; rest < events * events * events; rest++) {
-            // Shorter sequences are the beginnings of these.
-            std::vector<Event> sequence = {static_cast<Event>(first), static_cast<Event>(rest / (events * events)),
-                                           static_cast<Event>(rest / events % events),
-                                           static_cast<Event>(rest % events)};
-            SetUp();
-            check_sequence(sequence);
-            checked++;
-            ASSERT_FALSE(HasFailure()) << described(sequence);
-        }
-    }
-    EXPECT_EQ(checked, 38416u);
+    const uint32_t depth = by_form(4, 6);
+    Tree tree(depth);
+    tree.grow({});
+    EXPECT_FALSE(HasFailure()) << "after " << testing::PrintToString(tree.path);
+    EXPECT_EQ(tree.checked, sequences(depth));
+    report_figure("lifecycle: " + std::to_string(tree.checked) + " sequences of up to " + std::to_string(depth) +
+                  " of 19 events behave as the model says");
 }
