@@ -5,10 +5,8 @@
 #include "trip.h"
 #include "workloads.h"
 
-#include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <gnu/libc-version.h>
 
 namespace {
 
@@ -91,6 +89,5 @@ int main()
     for (int i = 0; i < trips_before; i++)
         count_trip();
     collected();
-    printf("%s\n", gnu_get_libc_version());
     return 0;
 }
