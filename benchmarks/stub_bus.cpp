@@ -11,6 +11,13 @@ uint32_t zebCore_sendMsgReq_toNameUser(void *, void *body, Receiver *receiver, g
     return 0;
 }
 
+uint32_t zebIntf_sendReq_ntfy(void *, void *body, uint32_t, uint32_t, uint32_t, void *, void *, const char *, uint32_t,
+                              uint32_t, uint32_t, uint32_t, uint32_t)
+{
+    stub_bus.request = body;
+    return 0;
+}
+
 void zebCore_sendMsgRes(void *, void *body, uint32_t, uint32_t)
 {
     stub_bus.response = body;
@@ -66,12 +73,6 @@ int32_t zebIntf_modSrv_mthd(void *, gorvaNet_function *, void *, void *, uint32_
 
 int32_t zebIntf_modCliNtfyUser_mthd(void *, gorvaNet_function *, void *, void *, uint32_t, const char *, const char *,
                                     const char *, gorvaNet_interface *, gorvaNet_interface *, uint32_t)
-{
-    return 0;
-}
-
-uint32_t zebIntf_sendReq_ntfy(void *, void *, uint32_t, uint32_t, uint32_t, void *, void *, const char *, uint32_t,
-                              uint32_t, uint32_t, uint32_t, uint32_t)
 {
     return 0;
 }

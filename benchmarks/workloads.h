@@ -13,6 +13,8 @@
 
 #include "gorvanet.h"
 
+constexpr uint32_t largest_record = 5176; // encoded
+
 struct W1 {
     using Record = state_info;
     static constexpr auto *serialize_lg = gorvaNet_state_info_serialize_lg;

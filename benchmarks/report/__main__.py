@@ -1,36 +1,78 @@
 """Runs the benchmarks that scripts/bench has built and says how they compare with their limits."""
 
 import argparse
+import json
 import pathlib
 import sys
 
 import baseline
 import callgrind
+import footprint
 import limits
-from table import Figure, markdown
+import linear
+from table import Figure, Table, markdown
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
 
 
-def instructions(counts: callgrind.Counts) -> list[Figure]:
-    return [Figure(name, count, limits.INSTRUCTIONS.get(name)) for name, count in counts.items()]
+def instructions(counts: callgrind.Counts) -> Table:
+    return Table("Instructions of a call",
+                 [Figure(name, count, limits.INSTRUCTIONS.get(name)) for name, count in counts.items()])
+
+
+def linear_cost(build: pathlib.Path) -> Table:
+    found = linear.count(build)
+    linear.plot(found, ROOT / "docs/linear-cost.svg")
+    return Table("Percent off a linear cost over the number of entries",
+                 [Figure(f"{linear.RECORDS[name]} {operation}", linear.deviation(points), limits.LINEAR)
+                  for (name, operation), points in found.items()])
+
+
+def sizes(build: pathlib.Path) -> Table:
+    column, section = footprint.sizes(build)
+    function, frame = footprint.deepest_frame(build)
+    return Table("Bytes", [
+        Figure("text column of size, stripped", column, limits.TEXT_COLUMN),
+        Figure(".text, stripped", section, limits.TEXT_SECTION),
+        Figure(f"largest stack frame ({function})", frame, limits.STACK),
+    ])
+
+
+def allocations(build: pathlib.Path) -> Table:
+    return Table("Allocations of one call, the most of any method",
+                 [Figure(kind, count, limits.ALLOCATIONS[kind])
+                  for kind, count in footprint.allocations(build).items()])
+
+
+def everything(build: pathlib.Path) -> list[Table]:
+    return [instructions(callgrind.count_all(build)), linear_cost(build), allocations(build), sizes(build)]
+
+
+def report(build: pathlib.Path, tables: list[Table]) -> bool:
+    """Prints the tables and leaves them in the build directory; false if a figure breaks its limit."""
+    text = "\n".join(map(markdown, tables))
+    (build / "report.md").write_text(text)
+    (build / "report.json").write_text(json.dumps([table.as_json() for table in tables], indent=4) + "\n")
+    print(text, end="")
+    return all(figure.passes() for table in tables for figure in table.figures)
 
 
 def main() -> int:
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("build", type=pathlib.Path)
-    modes = parser.add_mutually_exclusive_group(required=True)
+    modes = parser.add_mutually_exclusive_group()
     modes.add_argument("--instructions", action="store_true")
     modes.add_argument("--gate", action="store_true")
     modes.add_argument("--update", action="store_true")
     options = parser.parse_args()
-    counts = callgrind.count_all(options.build)
+    build = options.build
     if options.update:
-        baseline.store(options.build, counts)
+        baseline.store(build, callgrind.count_all(build))
         return 0
     if options.gate:
-        return 0 if baseline.compare(options.build, counts) else 1
-    figures = instructions(counts)
-    print(markdown("Instructions", figures), end="")
-    return 0 if all(figure.passes() for figure in figures) else 1
+        return 0 if baseline.compare(build, callgrind.count_all(build)) else 1
+    tables = [instructions(callgrind.count_all(build))] if options.instructions else everything(build)
+    return 0 if report(build, tables) else 1
 
 
 if __name__ == "__main__":

@@ -13,3 +13,13 @@ INSTRUCTIONS = {
 
 # How much worse than the stored counts is worse.
 GATE = 1.03
+
+# Allocations of one call.
+ALLOCATIONS = {"codec": 0, "send": 1, "answer": 1, "serializeBody": 1, "unserializeBody": 1, "logBody": 1}
+
+STACK = 255          # of any one function
+TEXT_COLUMN = 65_536  # of size(1)
+TEXT_SECTION = 49_152
+
+# Percent of a full list's cost that any number of entries may be off the line.
+LINEAR = 2.0

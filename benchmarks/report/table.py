@@ -1,7 +1,7 @@
-"""One table of everything that was measured, each figure next to its limit."""
+"""Tables of what was measured, each figure next to its limit."""
 
 import dataclasses
-from collections.abc import Iterable
+from typing import Any
 
 
 @dataclasses.dataclass(frozen=True)
@@ -19,14 +19,24 @@ class Figure:
         return "pass" if self.passes() else "**fail**"
 
 
+@dataclasses.dataclass(frozen=True)
+class Table:
+    title: str
+    figures: list[Figure]
+
+    def as_json(self) -> dict[str, Any]:
+        rows = [{**dataclasses.asdict(figure), "passes": figure.passes()} for figure in self.figures]
+        return {"title": self.title, "figures": rows}
+
+
 def shown(number: float | None) -> str:
     if number is None:
         return ""
     return f"{number:,}" if isinstance(number, int) else f"{number:,.2f}"
 
 
-def markdown(title: str, figures: Iterable[Figure]) -> str:
-    lines = [f"## {title}", "", "| | measured | limit | |", "|---|---:|---:|---|"]
-    for figure in figures:
+def markdown(table: Table) -> str:
+    lines = [f"## {table.title}", "", "| | measured | limit | |", "|---|---:|---:|---|"]
+    for figure in table.figures:
         lines.append(f"| {figure.name} | {shown(figure.value)} | {shown(figure.limit)} | {figure.verdict()} |")
     return "\n".join(lines) + "\n"
