@@ -1,0 +1,40 @@
+# What `cmake --install` puts where: component `runtime` is what a process needs that runs with the library, component
+# `development` what is needed to build one.
+
+include(GNUInstallDirs)
+include(CMakePackageConfigHelpers)
+
+set(gorvanet_cmake_dir ${CMAKE_INSTALL_LIBDIR}/cmake/gorvanet)
+set(gorvanet_pkgconfig_dir ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+
+install(TARGETS gorvanet
+  EXPORT gorvanet-targets
+  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime NAMELINK_COMPONENT development)
+install(FILES include/gorvanet.h
+  DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT development)
+
+set_target_properties(gorvanet_loopback PROPERTIES EXPORT_NAME loopback)
+# A C program links it too.
+target_link_libraries(gorvanet_loopback INTERFACE $<INSTALL_INTERFACE:stdc++>)
+install(TARGETS gorvanet_loopback
+  EXPORT gorvanet-targets
+  ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development)
+install(FILES hosts/loopback/gorvanet_loopback.h
+  DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT development)
+
+# For pkg-config. The files find their prefix from where they are, so that it can be chosen, and moved, after the build.
+set(gorvanet_pc_prefix /)
+cmake_path(RELATIVE_PATH gorvanet_pc_prefix BASE_DIRECTORY /${gorvanet_pkgconfig_dir})
+get_target_property(gorvanet_loopback_options gorvanet_loopback INTERFACE_LINK_OPTIONS)
+foreach(name gorvanet gorvanet-loopback)
+  configure_file(packaging/${name}.pc.in ${name}.pc @ONLY)
+  install(FILES ${PROJECT_BINARY_DIR}/${name}.pc
+    DESTINATION ${gorvanet_pkgconfig_dir} COMPONENT development)
+endforeach()
+
+# For find_package. The version file also turns away a consumer whose pointers have another size.
+install(EXPORT gorvanet-targets NAMESPACE Gorvanet::
+  DESTINATION ${gorvanet_cmake_dir} COMPONENT development)
+write_basic_package_version_file(gorvanet-config-version.cmake COMPATIBILITY SameMajorVersion)
+install(FILES packaging/gorvanet-config.cmake ${PROJECT_BINARY_DIR}/gorvanet-config-version.cmake
+  DESTINATION ${gorvanet_cmake_dir} COMPONENT development)

@@ -1,0 +1,6 @@
+# find_package(gorvanet) gives
+#
+#     Gorvanet::gorvanet  the shared library
+#     Gorvanet::loopback  the bus inside one process, for tests; C++ inside
+
+include(${CMAKE_CURRENT_LIST_DIR}/gorvanet-targets.cmake)
