@@ -7,7 +7,7 @@ standard=$2
 include=$3
 shift 3
 language=c
-[ "${standard#c++}" = "$standard" ] || language=c++
+case $standard in *++*) language=c++ ;; esac
 for source in header_alone.c typed_handlers.c; do
     "$compiler" -x $language -std="$standard" -pedantic-errors -Wall -Wextra -Wpedantic -Werror "$@" -I "$include" \
         -c -o /dev/null "$directory/$source"
