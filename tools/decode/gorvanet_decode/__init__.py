@@ -1,0 +1,1 @@
+"""Reads and writes the messages of the interface, by its description alone."""
