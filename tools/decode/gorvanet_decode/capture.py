@@ -74,8 +74,7 @@ def _read_packet(data: bytes, whole_size: int, time: int) -> Packet:
     body, end = _counted(data, at, 4)
     problem = ""
     if end > len(data):
-        problem = f"cut off: {end - len(data)} bytes are missing"
-        problem += " (not recorded)" if len(data) < whole_size else ""
+        problem = f"cut off after {len(data)} bytes" + (f" of {whole_size}" if len(data) < whole_size else "")
     elif end < len(data):
         problem = f"{len(data) - end} bytes left over behind the body"
     return Packet(direction, side, method, request, user, interface, body, time, problem)

@@ -6,6 +6,7 @@ damaged, or not as the encoder writes it, has its `bytes`, which count more than
 
 from __future__ import annotations
 
+import struct
 from dataclasses import dataclass
 from typing import Any
 
@@ -154,7 +155,7 @@ def _packet(document: dict[str, Any], data: bytes) -> Packet:
     if document.get("problem"):
         raise CannotEncode(f"packet: it was not whole ({document['problem']}), so it cannot be written again")
     try:
-        return Packet(
+        packet = Packet(
             _number(document["direction"], DIRECTIONS),
             _number(document["side"], SIDES),
             int(document["method"]),
@@ -164,9 +165,11 @@ def _packet(document: dict[str, Any], data: bytes) -> Packet:
             data,
             _nanoseconds(document["time"]),
         )
+        capture.write_packet(packet)  # its numbers have to fit
+        return packet
     except KeyError as error:
         raise CannotEncode(f"packet: {error.args[0]} is missing") from None
-    except (AttributeError, TypeError, ValueError) as error:
+    except (AttributeError, TypeError, ValueError, struct.error) as error:
         raise CannotEncode(f"packet: {error}") from None
 
 
