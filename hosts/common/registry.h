@@ -1,22 +1,29 @@
 // Who is on the bus: the registered interfaces, the users, and what each user accepts. Nothing here knows how messages
 // travel.
 
-#ifndef GORVANET_LOOPBACK_REGISTRY_H
-#define GORVANET_LOOPBACK_REGISTRY_H
+#ifndef GORVANET_HOSTS_REGISTRY_H
+#define GORVANET_HOSTS_REGISTRY_H
 
-#include "body.h"
 #include "handle.h"
 #include "middleware.h"
 
 #include <cstdint>
+#include <cstdlib>
 #include <map>
 #include <memory>
 #include <string>
 #include <vector>
 
-namespace loopback {
+namespace host {
 
 // ---- Interfaces -----------------------------------------------------------------------------------------------------
+
+struct Free {
+    void operator()(void *memory) const
+    {
+        free(memory);
+    }
+};
 
 struct Interface {
     uint16_t number;
@@ -32,6 +39,11 @@ struct Interface {
 Interface *register_interface(const char *name, uint32_t count);
 Interface *find_interface(uint32_t number); // also one that was withdrawn, as by its name
 Interface *find_interface(const std::string &name);
+
+// Each of these reports what is wrong on behalf of its caller. The first finds withdrawn ones too.
+Interface *known_interface(uint32_t number, const char *caller = __builtin_FUNCTION());
+bool is_registered(const Interface &interface, const char *caller = __builtin_FUNCTION());
+Interface *registered_interface(uint32_t number, const char *caller = __builtin_FUNCTION());
 
 // The users lose their attachments and what they accepted of this interface.
 void withdraw_interface(Interface &interface);
@@ -99,6 +111,6 @@ const std::map<uint32_t, User> &users();
 // Forgets all users and all interfaces.
 void clear_registry();
 
-} // namespace loopback
+} // namespace host
 
 #endif

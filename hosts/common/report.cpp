@@ -1,14 +1,15 @@
 #include "report.h"
 
+#include "transport.h"
+
 #include <cstdarg>
 #include <cstdio>
 
-namespace loopback {
+namespace host {
 
 namespace {
 
-gorvanet_loopback_observer *current_observer;
-void *observer_data;
+Observer *current_observer;
 bool observing;
 
 const char *present(const char *text)
@@ -19,13 +20,13 @@ const char *present(const char *text)
 const char *label(const Event &event)
 {
     switch (event.kind) {
-    case GORVANET_LOOPBACK_STATUS:
+    case Kind::status:
         return "answered with status";
-    case GORVANET_LOOPBACK_UNDELIVERABLE:
+    case Kind::undeliverable:
         return "undeliverable";
-    case GORVANET_LOOPBACK_UNENCODABLE:
+    case Kind::unencodable:
         return "cannot be encoded, status";
-    case GORVANET_LOOPBACK_UNDECODABLE:
+    case Kind::undecodable:
         return "cannot be decoded, status";
     default:
         return "";
@@ -34,13 +35,17 @@ const char *label(const Event &event)
 
 void write_to_stderr(const Event &event)
 {
-    if (event.kind == GORVANET_LOOPBACK_MISUSE) {
-        fprintf(stderr, "loopback: misuse: %s\n", event.text);
+    if (event.kind == Kind::misuse) {
+        fprintf(stderr, "%s: misuse: %s\n", transport::name, event.text);
         return;
     }
-    fprintf(stderr, "loopback: message %u, %s from '%s' to '%s': %s", event.message, event.method, event.sender,
-            event.receiver, label(event));
-    if (event.kind != GORVANET_LOOPBACK_UNDELIVERABLE)
+    if (event.kind == Kind::bus_lost || event.kind == Kind::bus_back) {
+        fprintf(stderr, "%s: user '%s': %s\n", transport::name, event.sender, event.text);
+        return;
+    }
+    fprintf(stderr, "%s: message %u, %s from '%s' to '%s': %s", transport::name, event.message, event.method,
+            event.sender, event.receiver, label(event));
+    if (event.kind != Kind::undeliverable)
         fprintf(stderr, " %u", event.status);
     if (*event.text)
         fprintf(stderr, ": %s", event.text);
@@ -48,6 +53,11 @@ void write_to_stderr(const Event &event)
 }
 
 } // namespace
+
+void set_observer(Observer *observer)
+{
+    current_observer = observer;
+}
 
 void report(Event event)
 {
@@ -57,9 +67,9 @@ void report(Event event)
     event.text = present(event.text);
     if (current_observer && !observing) {
         observing = true;
-        current_observer(observer_data, &event);
+        current_observer(event);
         observing = false;
-    } else if (event.kind >= GORVANET_LOOPBACK_STATUS) {
+    } else if (event.kind >= Kind::status) {
         write_to_stderr(event);
     }
 }
@@ -72,7 +82,16 @@ void report_misuse(const char *format, ...)
     vsnprintf(text, sizeof(text), format, arguments);
     va_end(arguments);
     Event event = {};
-    event.kind = GORVANET_LOOPBACK_MISUSE;
+    event.kind = Kind::misuse;
+    event.text = text;
+    report(event);
+}
+
+void report_bus(Kind kind, const char *user, const char *text)
+{
+    Event event = {};
+    event.kind = kind;
+    event.sender = user;
     event.text = text;
     report(event);
 }
@@ -89,10 +108,4 @@ bool refuse_in_observer(const char *caller)
     return observing;
 }
 
-} // namespace loopback
-
-void gorvanet_loopback_observe(gorvanet_loopback_observer *observer, void *data)
-{
-    loopback::current_observer = observer;
-    loopback::observer_data = data;
-}
+} // namespace host

@@ -3,15 +3,15 @@
 
 #include "middleware.h"
 
-#include "gorvanet_loopback.h"
-#include "loop.h"
+#include "life.h"
 #include "message.h"
 #include "registry.h"
-#include "report.h"
+#include "results.h"
+#include "transport.h"
 
 #include <string>
 
-using namespace loopback;
+using namespace host;
 
 namespace {
 
@@ -23,27 +23,6 @@ User *known_user(HandleKind kind, const void *handle, const char *caller = __bui
     if (!user)
         report_misuse("%s: %s %p is unknown", caller, kind == HandleKind::user ? "user" : "core user", handle);
     return user;
-}
-
-Interface *known_interface(uint32_t number, const char *caller = __builtin_FUNCTION())
-{
-    Interface *interface = find_interface(number);
-    if (!interface)
-        report_misuse("%s: message management number %u is unknown", caller, number);
-    return interface;
-}
-
-bool is_registered(const Interface &interface, const char *caller = __builtin_FUNCTION())
-{
-    if (interface.withdrawn)
-        report_misuse("%s: interface %s was withdrawn", caller, interface.name.c_str());
-    return !interface.withdrawn;
-}
-
-Interface *registered_interface(uint32_t number, const char *caller = __builtin_FUNCTION())
-{
-    Interface *interface = known_interface(number, caller);
-    return interface && is_registered(*interface, caller) ? interface : nullptr;
 }
 
 bool is_attached(const User &user, const Interface &interface, const char *caller = __builtin_FUNCTION())
@@ -86,30 +65,32 @@ struct Accept {
 int32_t accept(const Accept &request, Accepted entry, const char *caller = __builtin_FUNCTION())
 {
     if (refuse_in_observer(caller))
-        return GORVANET_LOOPBACK_BUSY;
+        return busy;
     User *user = known_user(HandleKind::user, request.user, caller);
     if (!user)
-        return GORVANET_LOOPBACK_UNKNOWN_USER;
+        return unknown_user;
     if (!is_present(request.cmd, "command interface block", caller) ||
         !is_present(request.ntfy, "notification interface block", caller))
-        return GORVANET_LOOPBACK_BAD_ARGUMENT;
+        return bad_argument;
     if (!has_name(request.cmd->name, request.name, command_suffix, caller) ||
         !has_name(request.ntfy->name, request.name, notification_suffix, caller))
-        return GORVANET_LOOPBACK_WRONG_NAME;
+        return wrong_name;
     Interface *interface = registered_interface(request.block->num, caller);
     if (!interface)
-        return GORVANET_LOOPBACK_UNKNOWN_NUMBER;
+        return unknown_number;
     if (!has_name(request.block->name, interface->name.c_str(), "", caller))
-        return GORVANET_LOOPBACK_WRONG_NAME;
+        return wrong_name;
     if (!is_attached(*user, *interface, caller))
-        return GORVANET_LOOPBACK_NOT_ATTACHED;
+        return not_attached;
     if (request.method >= request.block->count) {
         report_misuse("%s: interface %s has no method %u", caller, interface->name.c_str(), request.method);
-        return GORVANET_LOOPBACK_UNKNOWN_METHOD;
+        return unknown_method;
     }
     entry.number = interface->number;
     entry.method = request.method;
     entry.block = request.block;
+    if (!entry.from.empty() && !transport::subscribe(*user, entry, caller))
+        return bus_failed;
     user->accept(entry);
     return 0;
 }
@@ -122,7 +103,7 @@ int32_t ruvo_addEvtBase(void (*callback)(void *context, int32_t event), void *co
 {
     if (!callback) {
         report_misuse("%s: no callback", __func__);
-        return GORVANET_LOOPBACK_BAD_ARGUMENT;
+        return bad_argument;
     }
     add_hook(callback, context);
     return 0;
@@ -152,37 +133,24 @@ uint16_t zebCore_getBase_msgMngt(const char *interface_name, MessageManagement *
 int32_t zebCore_putBase_msgMngt(uint32_t number, uint32_t)
 {
     if (refuse_in_observer())
-        return GORVANET_LOOPBACK_BUSY;
+        return busy;
     Interface *interface = registered_interface(number);
     if (!interface)
-        return GORVANET_LOOPBACK_UNKNOWN_NUMBER;
+        return unknown_number;
     release_interface(*interface);
-    return 0;
-}
-
-int32_t gorvanet_loopback_withdraw(uint16_t number)
-{
-    if (refuse_in_observer())
-        return GORVANET_LOOPBACK_BUSY;
-    Interface *interface = registered_interface(number);
-    if (!interface)
-        return GORVANET_LOOPBACK_UNKNOWN_NUMBER;
-    withdraw_interface(*interface);
-    if (gorvaNet_unreg *unreg = interface->block->unreg)
-        unreg(number);
     return 0;
 }
 
 int32_t zebIntf_regUser_msgMngt(void *user, void *value, void *reference, uint32_t number, uint32_t, uint32_t)
 {
     if (refuse_in_observer())
-        return GORVANET_LOOPBACK_BUSY;
+        return busy;
     User *known = known_user(HandleKind::user, user);
     if (!known)
-        return GORVANET_LOOPBACK_UNKNOWN_USER;
+        return unknown_user;
     Interface *interface = registered_interface(number);
     if (!interface)
-        return GORVANET_LOOPBACK_UNKNOWN_NUMBER;
+        return unknown_number;
     known->attach({interface->number, value, reference});
     return 0;
 }
@@ -190,15 +158,15 @@ int32_t zebIntf_regUser_msgMngt(void *user, void *value, void *reference, uint32
 int32_t zebIntf_unregUser_msgMngt(void *user, uint32_t number, uint32_t, uint32_t)
 {
     if (refuse_in_observer())
-        return GORVANET_LOOPBACK_BUSY;
+        return busy;
     User *known = known_user(HandleKind::user, user);
     if (!known)
-        return GORVANET_LOOPBACK_UNKNOWN_USER;
+        return unknown_user;
     Interface *interface = registered_interface(number);
     if (!interface)
-        return GORVANET_LOOPBACK_UNKNOWN_NUMBER;
+        return unknown_number;
     if (!is_attached(*known, *interface))
-        return GORVANET_LOOPBACK_NOT_ATTACHED;
+        return not_attached;
     known->detach(interface->number);
     return 0;
 }
@@ -222,7 +190,7 @@ int32_t zebIntf_modCliNtfyUser_mthd(void *user, gorvaNet_function *value1, void 
 {
     if (!user_name || !*user_name) {
         report_misuse("%s: no name of a notifying user", __func__);
-        return GORVANET_LOOPBACK_BAD_ARGUMENT;
+        return bad_argument;
     }
     Accepted entry = {};
     entry.from = user_name;

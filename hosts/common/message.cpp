@@ -1,11 +1,11 @@
 #include "message.h"
 
-#include "report.h"
+#include "transport.h"
 
 #include <map>
 #include <utility>
 
-namespace loopback {
+namespace host {
 
 namespace {
 
@@ -52,20 +52,46 @@ void end_message(uint32_t number)
     messages().erase(number);
 }
 
+uint32_t open_messages()
+{
+    return static_cast<uint32_t>(messages().size());
+}
+
+Message new_message(const User &sender, const Interface &interface, uint32_t method, const MethodRecord &record)
+{
+    Message message = {};
+    message.stage = Stage::sent;
+    message.interface_number = interface.number;
+    message.method_index = method;
+    message.method = record;
+    message.sender = sender.number;
+    message.sender_name = sender.name;
+    return message;
+}
+
 void end_messages_of(const User &user)
 {
     for (auto next = messages().begin(); next != messages().end();) {
-        const Message &message = (next++)->second;
+        Message &message = (next++)->second;
         if (message.stage == Stage::waiting && (message.sender == user.number || message.server == user.number))
             end_undeliverable(message, GORVANET_BODY_RESPONSE, {}, "a user was removed before the answer");
+    }
+}
+
+void end_requests_of(const User &user)
+{
+    for (auto next = messages().begin(); next != messages().end();) {
+        Message &message = (next++)->second;
+        if (message.awaited_reply && message.sender == user.number)
+            end_undeliverable(message, GORVANET_BODY_RESPONSE, {}, "the user was removed before the answer");
     }
 }
 
 void drop_messages()
 {
     while (!messages().empty()) {
-        const Message &message = messages().begin()->second;
-        bool forth = message.stage == Stage::queued;
+        Message &message = messages().begin()->second;
+        bool forth = message.stage == Stage::sent && !message.awaited_reply;
         end_undeliverable(message, forth ? GORVANET_BODY_REQUEST : GORVANET_BODY_RESPONSE, message.bytes,
                           forth                              ? "the host was torn down before its turn"
                           : message.stage == Stage::answered ? "the host was torn down before the response's turn"
@@ -75,8 +101,8 @@ void drop_messages()
 
 // ---- Reports --------------------------------------------------------------------------------------------------------
 
-void report_message(gorvanet_loopback_kind kind, uint32_t direction, const Message &message, const Bytes &bytes,
-                    uint32_t status, const char *text)
+void report_message(Kind kind, uint32_t direction, const Message &message, const Bytes &bytes, uint32_t status,
+                    const char *text)
 {
     bool forth = direction == GORVANET_BODY_REQUEST;
     report({.kind = kind,
@@ -93,39 +119,21 @@ void report_message(gorvanet_loopback_kind kind, uint32_t direction, const Messa
 
 void report_status(const Message &message, uint32_t status, const char *text)
 {
-    report_message(GORVANET_LOOPBACK_STATUS, GORVANET_BODY_RESPONSE, message, {}, status, text);
+    report_message(Kind::status, GORVANET_BODY_RESPONSE, message, {}, status, text);
 }
 
-void report_refused(gorvanet_loopback_kind kind, uint32_t direction, const Message &message, const Bytes &bytes,
-                    uint32_t status)
+void report_refused(Kind kind, uint32_t direction, const Message &message, const Bytes &bytes, uint32_t status)
 {
     report_message(kind, direction, message, bytes, status,
                    status == empty_result ? "the callback reports success and gives nothing" : "");
 }
 
-void end_undeliverable(const Message &message, uint32_t direction, const Bytes &bytes, const char *reason)
+void end_undeliverable(Message &message, uint32_t direction, const Bytes &bytes, const char *reason)
 {
-    report_message(GORVANET_LOOPBACK_UNDELIVERABLE, direction, message, bytes, 0, reason);
+    report_message(Kind::undeliverable, direction, message, bytes, 0, reason);
+    if (message.received_call)
+        transport::respond_nothing(message, 0, reason);
     messages().erase(message.number);
 }
 
-} // namespace loopback
-
-uint32_t gorvanet_loopback_open_messages()
-{
-    return static_cast<uint32_t>(loopback::messages().size());
-}
-
-int32_t gorvanet_loopback_remove_user(void *handle)
-{
-    if (loopback::refuse_in_observer())
-        return GORVANET_LOOPBACK_BUSY;
-    loopback::User *user = loopback::find_user(loopback::number_of(loopback::HandleKind::user, handle));
-    if (!user) {
-        loopback::report_misuse("gorvanet_loopback_remove_user: user %p is unknown", handle);
-        return GORVANET_LOOPBACK_UNKNOWN_USER;
-    }
-    loopback::end_messages_of(*user);
-    loopback::remove_user(*user);
-    return 0;
-}
+} // namespace host

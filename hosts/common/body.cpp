@@ -1,6 +1,8 @@
 #include "body.h"
 
-namespace loopback {
+#include <cstdlib>
+
+namespace host {
 
 uint32_t Body::encode(Bytes &bytes) const
 {
@@ -9,7 +11,7 @@ uint32_t Body::encode(Bytes &bytes) const
     uint32_t status = method_.serializeBody(type_, body_, &buffer, &size);
     if (status)
         return status;
-    bytes.data.reset(buffer);
+    bytes.data.reset(buffer, free);
     bytes.size = size;
     return buffer ? 0 : empty_result;
 }
@@ -25,4 +27,4 @@ uint32_t Body::decode(const Bytes &bytes)
     return body ? 0 : empty_result;
 }
 
-} // namespace loopback
+} // namespace host

@@ -1,27 +1,19 @@
 // Bodies and encoded buffers, and who releases them: a body ends in its method's freeBody, a buffer in free(3), each
 // exactly once, whichever way the message goes. Nothing here knows how messages travel.
 
-#ifndef GORVANET_LOOPBACK_BODY_H
-#define GORVANET_LOOPBACK_BODY_H
+#ifndef GORVANET_HOSTS_BODY_H
+#define GORVANET_HOSTS_BODY_H
 
 #include "middleware.h"
 
 #include <cstdint>
-#include <cstdlib>
 #include <memory>
 
-namespace loopback {
+namespace host {
 
-struct Free {
-    void operator()(void *memory) const
-    {
-        free(memory);
-    }
-};
-
-// An encoded body.
+// An encoded body, with what keeps it in memory: the library's buffer, or the copy of what came off a bus.
 struct Bytes {
-    std::unique_ptr<void, Free> data;
+    std::shared_ptr<const void> data;
     uint32_t size = 0;
 };
 
@@ -60,6 +52,6 @@ private:
 
 constexpr uint32_t empty_result = 0xffffffff;
 
-} // namespace loopback
+} // namespace host
 
 #endif

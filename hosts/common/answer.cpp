@@ -1,12 +1,11 @@
 // Answers: from the handler's response, or from status 20, back to the client.
 
-#include "loop.h"
 #include "message.h"
-#include "report.h"
+#include "transport.h"
 
 #include <utility>
 
-namespace loopback {
+namespace host {
 
 namespace {
 
@@ -36,16 +35,24 @@ void answer_context(void *body, uint32_t status)
     release_refused(*answering, body, status);
 }
 
+// The message is done with; from inside its handler, its end is left to whoever handed it over.
+void finish(Message &message, Stage before)
+{
+    if (before == Stage::waiting)
+        end_message(message.number);
+    else
+        message.stage = Stage::ended;
+}
+
 void answer_unhandled(Message &message, const void *body)
 {
     if (body && body != message.body)
         report_misuse("zebCore_sendMsgRes: message %u: status %u comes with a body that is not the message's own",
                       message.number, answer_unhandled_message);
     report_status(message, answer_unhandled_message, "nobody handles the message");
-    if (message.stage == Stage::waiting)
-        end_message(message.number);
-    else
-        message.stage = Stage::ended;
+    if (message.received_call)
+        transport::respond_nothing(message, answer_unhandled_message, "");
+    finish(message, message.stage);
 }
 
 void answer_normally(Message &message, void *pointer)
@@ -59,24 +66,23 @@ void answer_normally(Message &message, void *pointer)
         return;
     }
     Body body(message.method, GORVANET_BODY_RESPONSE, pointer);
-    if (!message.receiver) {
+    if (!message.awaits_answer) {
         report_misuse("zebCore_sendMsgRes: message %u wants no answer", message.number);
         return;
     }
     Bytes bytes;
     uint32_t status = body.encode(bytes);
     if (status) {
-        report_refused(GORVANET_LOOPBACK_UNENCODABLE, GORVANET_BODY_RESPONSE, message, bytes, status);
-        if (message.stage == Stage::waiting)
-            end_message(message.number);
-        else
-            message.stage = Stage::ended;
-        return;
+        report_refused(Kind::unencodable, GORVANET_BODY_RESPONSE, message, bytes, status);
+        if (message.received_call)
+            transport::respond_nothing(message, 0, "the encoder refuses the response");
+        return finish(message, message.stage);
     }
+    Stage before = message.stage;
     message.bytes = std::move(bytes);
     message.stage = Stage::answered;
-    queue_message(message.number);
-    report_message(GORVANET_LOOPBACK_ANSWERED, GORVANET_BODY_RESPONSE, message, message.bytes);
+    if (!transport::respond(message))
+        finish(message, before);
 }
 
 bool is_answerable(const Message &message)
@@ -89,7 +95,7 @@ const char *objection_to_answer(const Message &message)
 {
     if (in_observer())
         return "cannot be answered from inside the observer";
-    if (message.stage == Stage::queued)
+    if (message.stage == Stage::sent)
         return "was not delivered yet";
     return is_answerable(message) ? nullptr : "was answered already";
 }
@@ -104,17 +110,17 @@ void deliver_response(Message &entry)
     const Bytes &bytes = message.bytes;
     User *client = find_user(message.sender);
     if (!client || !client->is_attached(message.interface_number)) {
-        report_message(GORVANET_LOOPBACK_UNDELIVERABLE, GORVANET_BODY_RESPONSE, message, bytes, 0,
+        report_message(Kind::undeliverable, GORVANET_BODY_RESPONSE, message, bytes, 0,
                        "the client was removed or detached before the answer");
         return;
     }
     Body body(message.method, GORVANET_BODY_RESPONSE, nullptr);
     uint32_t status = body.decode(bytes);
     if (status) {
-        report_refused(GORVANET_LOOPBACK_UNDECODABLE, GORVANET_BODY_RESPONSE, message, bytes, status);
+        report_refused(Kind::undecodable, GORVANET_BODY_RESPONSE, message, bytes, status);
         return;
     }
-    report_message(GORVANET_LOOPBACK_DELIVERED, GORVANET_BODY_RESPONSE, message, bytes);
+    report_message(Kind::delivered, GORVANET_BODY_RESPONSE, message, bytes);
     message.body = body.get();
     answering = &message;
     message.receiver(nullptr, &message.context, body.get());
@@ -150,10 +156,10 @@ bool awaits_answer(void *handle)
 {
     uint32_t number = number_of(HandleKind::message, handle);
     if (const Message *message = find_message(number))
-        return message->receiver && is_answerable(*message);
+        return message->awaits_answer && is_answerable(*message);
     if (!was_a_message(number))
         report_misuse("zebCore_isMsg_needRes: message %p is unknown", handle);
     return false;
 }
 
-} // namespace loopback
+} // namespace host

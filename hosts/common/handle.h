@@ -3,12 +3,12 @@
 // Numbers are given out in growing order and looked up in a table, so that a handle that has become stale is recognised
 // and never read through. The two low bits tell the kinds apart; the address of an object has neither of them set.
 
-#ifndef GORVANET_LOOPBACK_HANDLE_H
-#define GORVANET_LOOPBACK_HANDLE_H
+#ifndef GORVANET_HOSTS_HANDLE_H
+#define GORVANET_HOSTS_HANDLE_H
 
 #include <cstdint>
 
-namespace loopback {
+namespace host {
 
 enum class HandleKind : uintptr_t { user = 1, core_user = 2, message = 3 };
 
@@ -28,6 +28,6 @@ inline uint32_t number_of(HandleKind kind, const void *handle)
     return static_cast<uint32_t>(value >> 2);
 }
 
-} // namespace loopback
+} // namespace host
 
 #endif

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <new>
 
-namespace loopback {
+namespace host {
 
 namespace {
 
@@ -89,6 +89,27 @@ Interface *find_interface(const std::string &name)
         if (interface.name == name)
             return &interface;
     return nullptr;
+}
+
+Interface *known_interface(uint32_t number, const char *caller)
+{
+    Interface *interface = find_interface(number);
+    if (!interface)
+        report_misuse("%s: message management number %u is unknown", caller, number);
+    return interface;
+}
+
+bool is_registered(const Interface &interface, const char *caller)
+{
+    if (interface.withdrawn)
+        report_misuse("%s: interface %s was withdrawn", caller, interface.name.c_str());
+    return !interface.withdrawn;
+}
+
+Interface *registered_interface(uint32_t number, const char *caller)
+{
+    Interface *interface = known_interface(number, caller);
+    return interface && is_registered(*interface, caller) ? interface : nullptr;
 }
 
 void withdraw_interface(Interface &interface)
@@ -209,21 +230,4 @@ void clear_registry()
     all_interfaces().clear();
 }
 
-} // namespace loopback
-
-// ---- The host's own users -------------------------------------------------------------------------------------------
-
-void *gorvanet_loopback_add_user(const char *name)
-{
-    if (loopback::refuse_in_observer())
-        return nullptr;
-    if (!name || !*name) {
-        loopback::report_misuse("gorvanet_loopback_add_user: a user needs a name");
-        return nullptr;
-    }
-    if (loopback::find_user(std::string(name))) {
-        loopback::report_misuse("gorvanet_loopback_add_user: there is a user '%s' already", name);
-        return nullptr;
-    }
-    return loopback::add_user(name)->handle();
-}
+} // namespace host

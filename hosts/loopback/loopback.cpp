@@ -1,0 +1,72 @@
+// The public functions that are the common part's, under this host's name.
+
+#include "gorvanet_loopback.h"
+
+#include "life.h"
+#include "message.h"
+#include "report.h"
+#include "results.h"
+
+static_assert(host::bad_argument == GORVANET_LOOPBACK_BAD_ARGUMENT);
+static_assert(host::unknown_user == GORVANET_LOOPBACK_UNKNOWN_USER);
+static_assert(host::unknown_number == GORVANET_LOOPBACK_UNKNOWN_NUMBER);
+static_assert(host::not_attached == GORVANET_LOOPBACK_NOT_ATTACHED);
+static_assert(host::unknown_method == GORVANET_LOOPBACK_UNKNOWN_METHOD);
+static_assert(host::wrong_name == GORVANET_LOOPBACK_WRONG_NAME);
+static_assert(host::busy == GORVANET_LOOPBACK_BUSY);
+static_assert(static_cast<int>(host::Kind::sent) == GORVANET_LOOPBACK_SENT);
+static_assert(static_cast<int>(host::Kind::misuse) == GORVANET_LOOPBACK_MISUSE);
+
+namespace {
+
+gorvanet_loopback_observer *current_observer;
+void *observer_data;
+
+void call_observer(const host::Event &event)
+{
+    gorvanet_loopback_event given = {.kind = static_cast<gorvanet_loopback_kind>(event.kind),
+                                     .message = event.message,
+                                     .method = event.method,
+                                     .sender = event.sender,
+                                     .receiver = event.receiver,
+                                     .direction = event.direction,
+                                     .bytes = event.bytes,
+                                     .size = event.size,
+                                     .status = event.status,
+                                     .text = event.text};
+    current_observer(observer_data, &given);
+}
+
+} // namespace
+
+void *gorvanet_loopback_add_user(const char *name)
+{
+    return host::add_named_user(name, __func__);
+}
+
+int32_t gorvanet_loopback_remove_user(void *user)
+{
+    return host::remove_user_of(user, __func__);
+}
+
+int32_t gorvanet_loopback_tear_down()
+{
+    return host::tear_down(__func__);
+}
+
+int32_t gorvanet_loopback_withdraw(uint16_t number)
+{
+    return host::withdraw(number, __func__);
+}
+
+uint32_t gorvanet_loopback_open_messages()
+{
+    return host::open_messages();
+}
+
+void gorvanet_loopback_observe(gorvanet_loopback_observer *observer, void *data)
+{
+    current_observer = observer;
+    observer_data = data;
+    host::set_observer(observer ? call_observer : nullptr);
+}
