@@ -1,0 +1,216 @@
+#include "connection.h"
+
+#include "incoming.h"
+#include "loop.h"
+#include "message.h"
+#include "names.h"
+#include "report.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <ctime>
+#include <utility>
+
+namespace dbus {
+
+namespace {
+
+constexpr uint64_t call_timeout = 5000000; // of calls to the bus itself, in microseconds
+constexpr uint64_t retry_interval = 200000;
+constexpr const char *local_name = "org.freedesktop.DBus.Local";
+constexpr const char *local_path = "/org/freedesktop/DBus/Local";
+
+// Both are made on first use and never ended, as the tables of the registry.
+
+std::map<uint32_t, Connection> &connections()
+{
+    static auto &table = *new std::map<uint32_t, Connection>;
+    return table;
+}
+
+std::string &chosen_address()
+{
+    static auto &address = *new std::string;
+    return address;
+}
+
+const char *address()
+{
+    if (!chosen_address().empty())
+        return chosen_address().c_str();
+    const char *system = getenv("DBUS_SYSTEM_BUS_ADDRESS");
+    return system ? system : "unix:path=/run/dbus/system_bus_socket";
+}
+
+void *to_pointer(uint32_t number)
+{
+    return reinterpret_cast<void *>(uintptr_t{number});
+}
+
+uint32_t to_number(void *pointer)
+{
+    return static_cast<uint32_t>(reinterpret_cast<uintptr_t>(pointer));
+}
+
+int match(sd_bus *bus, Subscription &subscription)
+{
+    return sd_bus_match_signal(bus, nullptr, bus_name_of(subscription.from).c_str(), path_of(subscription.from).c_str(),
+                               bus_interface(subscription.interface).c_str(), subscription.method.c_str(), on_signal,
+                               &subscription);
+}
+
+// ---- Losing the bus and coming back ---------------------------------------------------------------------------------
+
+void drop_bus(Connection &connection)
+{
+    connection.uids.clear();
+    sd_bus_close_unref(std::exchange(connection.bus, nullptr));
+}
+
+void retry_later(Connection &connection);
+int start(Connection &connection, const std::string &name);
+
+int on_retry(sd_event_source *, uint64_t, void *number) noexcept
+{
+    Connection *connection = find_connection(to_number(number));
+    const host::User *user = host::find_user(to_number(number));
+    if (!connection || !user)
+        return 0;
+    connection->retry = sd_event_source_unref(connection->retry);
+    drop_bus(*connection);
+    if (start(*connection, user->name) < 0) {
+        drop_bus(*connection);
+        retry_later(*connection);
+    } else {
+        report_bus(host::Kind::bus_back, user->name.c_str(), "has the bus back");
+    }
+    return 0;
+}
+
+void retry_later(Connection &connection)
+{
+    sd_event_source_unref(connection.retry);
+    connection.retry = nullptr;
+    sd_event_add_time_relative(event_loop(), &connection.retry, CLOCK_MONOTONIC, retry_interval, 0, on_retry,
+                               to_pointer(connection.user));
+}
+
+int on_disconnected(sd_bus_message *, void *number, sd_bus_error *) noexcept
+{
+    Connection *connection = find_connection(to_number(number));
+    const host::User *user = host::find_user(to_number(number));
+    if (!connection || !user)
+        return 0;
+    report_bus(host::Kind::bus_lost, user->name.c_str(), "has lost the bus");
+    retry_later(*connection);
+    return 0;
+}
+
+// ---- Taking up a connection -----------------------------------------------------------------------------------------
+
+int prepare(sd_bus *bus, uint32_t user)
+{
+    int result = sd_bus_set_address(bus, address());
+    if (result >= 0)
+        result = sd_bus_set_bus_client(bus, true);
+    if (result >= 0)
+        result = sd_bus_set_method_call_timeout(bus, call_timeout);
+    if (result >= 0)
+        result = sd_bus_add_object(bus, nullptr, ask_path, on_ask, to_pointer(user));
+    if (result >= 0)
+        result = sd_bus_add_object(bus, nullptr, tell_path, on_tell, to_pointer(user));
+    if (result >= 0)
+        result = sd_bus_match_signal(bus, nullptr, local_name, local_path, local_name, "Disconnected", on_disconnected,
+                                     to_pointer(user));
+    return result;
+}
+
+int start(Connection &connection, const std::string &name)
+{
+    int result = sd_bus_new(&connection.bus);
+    if (result >= 0)
+        result = prepare(connection.bus, connection.user);
+    if (result >= 0)
+        result = sd_bus_start(connection.bus);
+    if (result >= 0)
+        result = sd_bus_request_name(connection.bus, bus_name_of(name).c_str(), 0);
+    for (size_t i = 0; result >= 0 && i < connection.subscriptions.size(); i++)
+        result = match(connection.bus, *connection.subscriptions[i]);
+    if (result >= 0)
+        result = sd_bus_attach_event(connection.bus, event_loop(), SD_EVENT_PRIORITY_NORMAL);
+    return result;
+}
+
+void end(Connection &connection)
+{
+    sd_event_source_unref(connection.retry);
+    if (connection.bus)
+        sd_bus_flush(connection.bus);
+    drop_bus(connection);
+}
+
+} // namespace
+
+int open_connection(const host::User &user)
+{
+    if (bus_name_of(user.name).size() > longest_bus_name)
+        return -ENAMETOOLONG;
+    Connection &connection = connections()[user.number];
+    connection.user = user.number;
+    int result = start(connection, user.name);
+    if (result < 0)
+        close_connection(user.number);
+    return result;
+}
+
+void close_connection(uint32_t user)
+{
+    auto found = connections().find(user);
+    if (found == connections().end())
+        return;
+    end(found->second);
+    connections().erase(found);
+}
+
+void close_all_connections()
+{
+    for (auto &[number, connection] : connections())
+        end(connection);
+    connections().clear();
+}
+
+Connection *find_connection(uint32_t user)
+{
+    auto found = connections().find(user);
+    return found == connections().end() ? nullptr : &found->second;
+}
+
+int subscribe(uint32_t user, const Subscription &subscription)
+{
+    Connection *connection = find_connection(user);
+    if (!connection || !connection->bus)
+        return -ENOTCONN;
+    bool known =
+        std::any_of(connection->subscriptions.begin(), connection->subscriptions.end(), [&](const auto &entry) {
+            return entry->from == subscription.from && entry->interface == subscription.interface &&
+                   entry->method == subscription.method;
+        });
+    if (known)
+        return 0;
+    if (bus_name_of(subscription.from).size() > longest_bus_name)
+        return -ENAMETOOLONG;
+    auto entry = std::make_unique<Subscription>(subscription);
+    int result = match(connection->bus, *entry);
+    if (result >= 0)
+        connection->subscriptions.push_back(std::move(entry));
+    return result;
+}
+
+void set_address(const char *address)
+{
+    chosen_address() = address ? address : "";
+}
+
+} // namespace dbus

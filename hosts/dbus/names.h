@@ -1,0 +1,32 @@
+// Names of users, and of what is theirs, on the bus.
+
+#ifndef GORVANET_HOSTS_DBUS_NAMES_H
+#define GORVANET_HOSTS_DBUS_NAMES_H
+
+#include <string>
+
+namespace dbus {
+
+constexpr const char *ask_path = "/gorvanet/ask";
+constexpr const char *tell_path = "/gorvanet/tell";
+constexpr const char *unhandled_error = "gorvanet.Error.Unhandled";
+constexpr const char *refused_error = "gorvanet.Error.Refused";
+
+constexpr size_t longest_bus_name = 255;
+
+// The bus name of a user. Longer than any bus may be, if the user's name is.
+std::string bus_name_of(const std::string &user);
+
+// The name of the user with this bus name; false when it is no user's.
+bool user_of(const std::string &bus_name, std::string &user);
+
+// The object that a user's notifications come from.
+std::string path_of(const std::string &user);
+
+// An interface of the library, "GorvaNetCmd" say, on the bus and back. Back: empty when it is none.
+std::string bus_interface(const std::string &interface);
+std::string interface_of(const std::string &bus_interface);
+
+} // namespace dbus
+
+#endif
