@@ -205,6 +205,6 @@ TEST_F(Sequence, OfEventsBehavesAsTheModelSays)
     tree.grow({});
     EXPECT_FALSE(HasFailure()) << "after " << testing::PrintToString(tree.path);
     EXPECT_EQ(tree.checked, sequences(depth));
-    report_figure("lifecycle: " + std::to_string(tree.checked) + " sequences of up to " + std::to_string(depth) +
-                  " of 19 events behave as the model says");
+    add_to_figure("sequences of up to " + std::to_string(depth) + " of 19 lifecycle events behave as the model says",
+                  tree.checked);
 }

@@ -106,8 +106,7 @@ private:
             return number(field.tag, number_at(at));
         case Kind::text:
             return text(field.tag, at);
-        case Kind::record:
-        case Kind::list:
+        default:
             break;
         }
         for (uint32_t i = 0; i < elements_of(field, record); i++)

@@ -17,6 +17,19 @@ ExpectedLines &ExpectedLines::wrong_tag(uint32_t found, uint32_t length, uint32_
     return *this;
 }
 
+ExpectedLines &ExpectedLines::wrong_wide_tag(uint64_t found, uint64_t length, uint32_t expected)
+{
+    lines.push_back(
+        logged(3, function.c_str(), "pBody(%p): Tl(%llu-%llu) expectded(%u)\n", start, found, length, expected));
+    return *this;
+}
+
+ExpectedLines &ExpectedLines::bad_pointer(uint64_t value)
+{
+    lines.push_back(logged(3, function.c_str(), "Invalid pointer value(%llu)\n", value));
+    return *this;
+}
+
 ExpectedLines &ExpectedLines::too_long(int size, int room)
 {
     lines.push_back(logged(3, function.c_str(), "lgChainIn(%d) lgMaxChainOut(%d)\n", size, room));

@@ -1,7 +1,6 @@
 // The lines that the codec of a record is expected to log.
 //
-//     ExpectedLines("gorvaNet_state_info_unserialize", start).wrong_tag(4, 4,
-//     3).before({4})
+//     ExpectedLines("gorvaNet_state_info_unserialize", start).wrong_tag(4, 4, 3).before({4})
 
 #ifndef GORVANET_TESTS_RECORDS_EXPECTED_LINES_H
 #define GORVANET_TESTS_RECORDS_EXPECTED_LINES_H
@@ -22,6 +21,10 @@ public:
 
     // The item here has another tag than the expected one.
     ExpectedLines &wrong_tag(uint32_t found, uint32_t length, uint32_t expected);
+
+    // The same of a wide item; and one whose value is no pointer.
+    ExpectedLines &wrong_wide_tag(uint64_t found, uint64_t length, uint32_t expected);
+    ExpectedLines &bad_pointer(uint64_t value);
 
     // A text of this size, NUL included, does not fit.
     ExpectedLines &too_long(int size, int room);

@@ -1,5 +1,6 @@
 #include "random_record.h"
 
+#include <algorithm>
 #include <cstring>
 
 using reference::Field;
@@ -8,15 +9,23 @@ using reference::Layout;
 
 namespace {
 
+uint32_t elements_of(const Field &field, const char *record, bool used)
+{
+    if (field.kind != Kind::list)
+        return field.kind == Kind::record;
+    uint32_t count = 0;
+    memcpy(&count, record + field.count, sizeof count);
+    return used ? std::min(count, field.capacity) : field.capacity;
+}
+
 // Every text of a record and of those inside it.
-void collect_texts(const Layout &layout, const char *record, std::vector<const char *> &texts)
+void collect_texts(const Layout &layout, const char *record, bool used, std::vector<const char *> &texts)
 {
     for (const Field &field : layout.fields) {
         if (field.kind == Kind::text)
             texts.push_back(record + field.offset);
-        uint32_t elements = field.kind == Kind::list ? field.capacity : field.kind == Kind::record;
-        for (uint32_t i = 0; i < elements; i++)
-            collect_texts(*field.element, record + field.offset + i * field.element->size, texts);
+        for (uint32_t i = 0; i < elements_of(field, record, used); i++)
+            collect_texts(*field.element, record + field.offset + i * field.element->size, used, texts);
     }
 }
 
@@ -50,7 +59,7 @@ void RandomRecords::fill(const Layout &layout, void *record)
         if (field.kind == Kind::text)
             fill_text(begin + field.offset, field.capacity);
         else if (!field.element)
-            memcpy(begin + field.offset, &value, field.kind == Kind::u32 ? 4 : 1);
+            memcpy(begin + field.offset, &value, reference::size_of_number(field.kind));
         if (!field.element)
             continue;
         uint32_t elements = field.kind == Kind::list ? field.capacity : 1;
@@ -66,8 +75,33 @@ void RandomRecords::fill(const Layout &layout, void *record)
 const char *RandomRecords::any_text(const Layout &layout, const void *record)
 {
     std::vector<const char *> texts;
-    collect_texts(layout, static_cast<const char *>(record), texts);
+    collect_texts(layout, static_cast<const char *>(record), false, texts);
+    return any_of(texts);
+}
+
+const char *RandomRecords::any_used_text(const Layout &layout, const void *record)
+{
+    std::vector<const char *> texts;
+    collect_texts(layout, static_cast<const char *>(record), true, texts);
+    return any_of(texts);
+}
+
+const char *RandomRecords::any_of(const std::vector<const char *> &texts)
+{
     return texts.empty() ? nullptr : texts[below(static_cast<uint32_t>(texts.size()))];
+}
+
+void RandomRecords::damage(uint8_t *wire, size_t length)
+{
+    uint32_t at = below(static_cast<uint32_t>(length / 4)) * 4;
+    uint32_t old = uint32_t{wire[at]} << 24 | uint32_t{wire[at + 1]} << 16 | uint32_t{wire[at + 2]} << 8 | wire[at + 3];
+    if (below(4) == 0) {
+        memset(wire + at, 'x', 1 + below(400));
+        return;
+    }
+    uint32_t values[] = {old + 1, old - 1, old + 4, old - 4, below(24), below(40) * 4, number()};
+    Bytes changed = big_endian(values[below(7)]);
+    memcpy(wire + at, changed.data(), changed.size());
 }
 
 void RandomRecords::fill_text(char *text, uint32_t capacity)

@@ -28,7 +28,15 @@ public:
     // One of the record's texts, in elements beyond the count too; null if it has none.
     const char *any_text(const reference::Layout &layout, const void *record);
 
+    // The same, but for elements beyond the count.
+    const char *any_used_text(const reference::Layout &layout, const void *record);
+
+    // Changes a word of an encoding to a neighbour, a tag, a length, or anything; or a run of bytes to a text without an
+    // end, of which up to 400 bytes may lie behind the encoding.
+    void damage(uint8_t *wire, size_t length);
+
 private:
+    const char *any_of(const std::vector<const char *> &texts);
     void fill_text(char *text, uint32_t capacity);
     uint32_t count(uint32_t capacity);
 

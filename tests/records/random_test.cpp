@@ -5,6 +5,7 @@
 #include "reference_records.h"
 
 #include "support/library_test.h"
+#include "support/long_form.h"
 
 #include <cstring>
 #include <functional>
@@ -45,20 +46,22 @@ template <typename Record> Codec codec_of()
 
 class RandomTest : public LibraryTest, public testing::WithParamInterface<Codec> {
 protected:
-    // Runs one check for each seed and stops at the first that fails.
-    template <typename Check> void for_each_seed(Check check)
+    // No function of a record asks for memory.
+    void TearDown() override
     {
-        for (uint32_t i = 0; i < rounds() && !HasFailure(); i++) {
+        EXPECT_EQ(allocations(), 0u);
+        LibraryTest::TearDown();
+    }
+
+    // Runs one check for each seed and stops at the first that fails.
+    template <typename Check> void for_each_seed(const char *what, Check check)
+    {
+        for (uint32_t i = 0; i < rounds && !HasFailure(); i++) {
             SCOPED_TRACE(testing::Message() << codec.layout.name << ", seed " << first_seed + i);
             RandomRecords random(first_seed + i);
             check(random);
         }
-    }
-
-    // For each of the tests.
-    uint32_t rounds() const
-    {
-        return codec.layout.size < 1000 ? 10000 : 3000;
+        add_to_figure(what, rounds);
     }
 
     Bytes random_bytes(RandomRecords &random) const
@@ -118,6 +121,7 @@ protected:
     }
 
     const Codec &codec = GetParam();
+    const uint32_t rounds = by_form(codec.layout.size < 1000 ? 10000 : 3000, 1000000);
     uint8_t wire[8192];
 };
 
@@ -130,25 +134,11 @@ INSTANTIATE_TEST_SUITE_P(Of, RandomTest,
                                          codec_of<ipv4_properties>(), codec_of<ipv4_address>()),
                          [](const auto &codecs) { return codecs.param.layout.name; });
 
-// Changes a word to a neighbour, a tag, a length, or anything; or a run of bytes to a text without an end.
-void damage(RandomRecords &random, uint8_t *wire, size_t length)
-{
-    uint32_t at = random.below(static_cast<uint32_t>(length / 4)) * 4;
-    uint32_t old = uint32_t{wire[at]} << 24 | uint32_t{wire[at + 1]} << 16 | uint32_t{wire[at + 2]} << 8 | wire[at + 3];
-    if (random.below(4) == 0) {
-        memset(wire + at, 'x', 1 + random.below(400));
-        return;
-    }
-    uint32_t values[] = {old + 1, old - 1, old + 4, old - 4, random.below(24), random.below(40) * 4, random.number()};
-    Bytes changed = big_endian(values[random.below(7)]);
-    memcpy(wire + at, changed.data(), changed.size());
-}
-
 } // namespace
 
 TEST_P(RandomTest, EncodesWhatTheReferenceDoes)
 {
-    for_each_seed([&](RandomRecords &random) {
+    for_each_seed("random records encoded as the second implementation does", [&](RandomRecords &random) {
         Bytes record = random_record(random);
         reference::Encoding expected = reference::encode(codec.layout, record.data(), wire);
         EXPECT_EQ(codec.serialize_lg(record.data()), expected.bytes.size());
@@ -158,7 +148,7 @@ TEST_P(RandomTest, EncodesWhatTheReferenceDoes)
 
 TEST_P(RandomTest, DecodesWhatTheReferenceDoes)
 {
-    for_each_seed([&](RandomRecords &random) {
+    for_each_seed("random records decoded as the second implementation does", [&](RandomRecords &random) {
         Bytes record = random_record(random);
         size_t length = send(record);
         reference::Decoding decoding = expect_decoding(random);
@@ -172,20 +162,20 @@ TEST_P(RandomTest, DecodesDamagedEncodingsAsTheReferenceDoes)
 {
     uint32_t taken = 0;
     uint32_t refused = 0;
-    for_each_seed([&](RandomRecords &random) {
+    for_each_seed("damaged records decoded as the second implementation does", [&](RandomRecords &random) {
         size_t length = send(random_record(random));
-        damage(random, wire, length);
+        random.damage(wire, length);
         reference::Decoding decoding = expect_decoding(random);
         taken += !decoding.leaves_wire;
         refused += decoding.status == 4;
     });
-    EXPECT_GT(taken, rounds() / 2) << "most of the damage must stay on the wire";
-    EXPECT_GT(refused, rounds() / 20) << "and some of it must be refused";
+    EXPECT_GT(taken, rounds / 2) << "most of the damage must stay on the wire";
+    EXPECT_GT(refused, rounds / 20) << "and some of it must be refused";
 }
 
 TEST_P(RandomTest, RefusesEndlessTextsAsTheReferenceDoes)
 {
-    for_each_seed([&](RandomRecords &random) {
+    for_each_seed("records with an endless text refused as the second implementation does", [&](RandomRecords &random) {
         Bytes record = random_record(random);
         reference::Pretence pretence = {random.any_text(codec.layout, record.data()), 0xfffffffb + random.below(4)};
         reference::Encoding expected = reference::encode(codec.layout, record.data(), wire, pretence);
@@ -197,7 +187,7 @@ TEST_P(RandomTest, RefusesEndlessTextsAsTheReferenceDoes)
 
 TEST_P(RandomTest, CopiesWhatTheReferenceDoes)
 {
-    for_each_seed([&](RandomRecords &random) {
+    for_each_seed("random records copied as the second implementation does", [&](RandomRecords &random) {
         Bytes source = random_record(random);
         // A text without a NUL now and then.
         char *text = const_cast<char *>(random.any_text(codec.layout, source.data()));

@@ -19,10 +19,16 @@ uint32_t used_elements(const Field &field, const void *record)
     return std::min(number_at(record, field.count), field.capacity);
 }
 
-Tags greater_than(uint32_t tag, const Tags &tags)
+bool in_prologue(uint32_t tag)
+{
+    return tag < 2;
+}
+
+Tags announced_after(uint32_t tag, const Tags &tags)
 {
     Tags found;
-    std::copy_if(tags.begin(), tags.end(), std::back_inserter(found), [&](uint32_t other) { return other > tag; });
+    std::copy_if(tags.begin(), tags.end(), std::back_inserter(found),
+                 [&](uint32_t other) { return other > tag && in_prologue(other) == in_prologue(tag); });
     return found;
 }
 
@@ -33,8 +39,7 @@ bool announces_after(const Layout &layout, const Field &field)
     return !nested || !layout.passes_on_alone;
 }
 
-// ---- Encoding
-// -------------------------------------------------------------------------------------------------------
+// ---- Encoding -------------------------------------------------------------------------------------------------------
 
 class Encoder {
 public:
@@ -45,12 +50,12 @@ public:
 
     bool encode_record(const Layout &layout, const void *record)
     {
-        ExpectedLines own(layout.name + "_serialize", wire + result.bytes.size());
+        ExpectedLines own(layout.encoder, wire + result.bytes.size());
         for (const Field &field : layout.fields) {
             if (encode_field(field, record, own))
                 continue;
             if (announces_after(layout, field))
-                own.before(greater_than(field.tag, layout.encoder_announces));
+                own.before(announced_after(field.tag, layout.encoder_announces));
             const LogLines &lines = own;
             result.lines.insert(result.lines.end(), lines.begin(), lines.end());
             result.status = 4;
@@ -72,6 +77,10 @@ private:
             return encode_number(field.tag, static_cast<uint32_t>(int32_t{*reinterpret_cast<const int8_t *>(at)}));
         case Kind::u32:
             return encode_number(field.tag, number_at(record, field.offset));
+        case Kind::wide:
+            return encode_wide(field.tag, number_at(record, field.offset));
+        case Kind::version:
+            return encode_number(field.tag, field.capacity);
         case Kind::text:
             return encode_text(field.tag, at, lines);
         case Kind::record:
@@ -90,6 +99,15 @@ private:
         append(tag);
         append(4);
         append(value);
+        return true;
+    }
+
+    bool encode_wide(uint32_t tag, uint32_t value)
+    {
+        for (uint32_t low_half : {tag, 8u, value}) {
+            append(0);
+            append(low_half);
+        }
         return true;
     }
 
@@ -119,8 +137,7 @@ private:
     Pretence pretence;
 };
 
-// ---- Decoding
-// -------------------------------------------------------------------------------------------------------
+// ---- Decoding -------------------------------------------------------------------------------------------------------
 
 struct LeftWire {};
 
@@ -130,57 +147,84 @@ public:
     {
     }
 
-    bool decode_record(const Layout &layout, void *record)
+    // The status of the first field that fails, or 0.
+    uint32_t decode_record(const Layout &layout, void *record)
     {
         // Lengths that wrap may have led anywhere: the place is a number before it is an address.
         auto place = reinterpret_cast<uintptr_t>(wire) + result.cursor;
-        ExpectedLines own(layout.name + "_unserialize", reinterpret_cast<const void *>(place));
+        ExpectedLines own(layout.decoder, reinterpret_cast<const void *>(place));
         for (const Field &field : layout.fields) {
-            if (decode_field(field, record, own))
+            uint32_t status = decode_field(field, record, own);
+            if (!status)
                 continue;
             if (announces_after(layout, field))
-                own.before(greater_than(field.tag, layout.decoder_announces));
+                own.before(announced_after(field.tag, layout.decoder_announces));
             const LogLines &lines = own;
             result.lines.insert(result.lines.end(), lines.begin(), lines.end());
-            result.status = 4;
-            return false;
+            return in_prologue(field.tag) ? bad_prologue : status;
         }
-        return true;
+        return 0;
     }
 
     Decoding result;
 
 private:
-    bool decode_field(const Field &field, void *record, ExpectedLines &lines)
+    static constexpr uint32_t bad_prologue = 2;
+    static constexpr uint32_t bad_field = 4;
+    static constexpr uint32_t bad_pointer = 12;
+
+    uint32_t decode_field(const Field &field, void *record, ExpectedLines &lines)
     {
         auto *at = static_cast<char *>(record) + field.offset;
         if (field.kind == Kind::record)
             return decode_record(*field.element, at);
         if (field.kind == Kind::list)
             return decode_list(field, record);
+        if (field.kind == Kind::wide)
+            return decode_wide(field.tag, at, lines);
         uint32_t item = result.cursor;
         if (word_at(item) != field.tag) {
             lines.wrong_tag(word_at(item), word_at(item + 4), field.tag);
-            return false;
+            return bad_field;
         }
         if (field.kind == Kind::text) {
             if (!decode_text(field, item + 8, at, lines))
-                return false;
+                return bad_field;
+        } else if (field.kind == Kind::version) {
+            if (word_at(item + 8) % 0x10000 != field.capacity)
+                return bad_field;
         } else {
             uint32_t value = word_at(item + 8);
-            memcpy(at, &value, field.kind == Kind::u32 ? 4 : 1); // the low byte is the first one here
+            memcpy(at, &value, size_of_number(field.kind)); // the low byte is the first one here
         }
         result.cursor = item + 8 + word_at(item + 4);
-        return true;
+        return 0;
     }
 
-    bool decode_list(const Field &field, void *record)
+    uint32_t decode_list(const Field &field, void *record)
     {
         auto *elements = static_cast<char *>(record) + field.offset;
-        for (uint32_t i = 0; i < used_elements(field, record); i++)
-            if (!decode_record(*field.element, elements + i * field.element->size))
-                return false;
-        return true;
+        uint32_t status = 0;
+        for (uint32_t i = 0; i < used_elements(field, record) && !status; i++)
+            status = decode_record(*field.element, elements + i * field.element->size);
+        return status;
+    }
+
+    uint32_t decode_wide(uint32_t tag, char *to, ExpectedLines &lines)
+    {
+        uint32_t item = result.cursor;
+        if (wide_word_at(item) != tag) {
+            lines.wrong_wide_tag(wide_word_at(item), wide_word_at(item + 8), tag);
+            return bad_field;
+        }
+        uint64_t value = wide_word_at(item + 16);
+        if (value > 0xffffffff) {
+            lines.bad_pointer(value);
+            return bad_pointer;
+        }
+        memcpy(to, &value, 4); // the low half is the first one here
+        result.cursor = item + 16 + word_at(item + 12);
+        return 0;
     }
 
     bool decode_text(const Field &field, uint32_t begin, char *to, ExpectedLines &lines)
@@ -212,6 +256,11 @@ private:
         return word;
     }
 
+    uint64_t wide_word_at(uint32_t at) const
+    {
+        return uint64_t{word_at(at)} << 32 | word_at(at + 4);
+    }
+
     const uint8_t *wire;
     size_t size;
 };
@@ -226,6 +275,20 @@ void copy_text(char *destination, const char *source, size_t capacity)
 
 } // namespace
 
+size_t size_of_number(Kind kind)
+{
+    switch (kind) {
+    case Kind::u8:
+    case Kind::s8:
+        return 1;
+    case Kind::u32:
+    case Kind::wide:
+        return 4;
+    default:
+        return 0;
+    }
+}
+
 Encoding encode(const Layout &layout, const void *record, const void *wire, Pretence pretence)
 {
     Encoder encoder(wire, pretence);
@@ -237,7 +300,7 @@ Decoding decode(const Layout &layout, const uint8_t *wire, size_t size, void *re
 {
     Decoder decoder(wire, size);
     try {
-        decoder.decode_record(layout, record);
+        decoder.result.status = decoder.decode_record(layout, record);
     } catch (const LeftWire &) {
         decoder.result.leaves_wire = true;
     }
@@ -255,7 +318,7 @@ void copy(const Layout &layout, void *destination, const void *source)
         if (field.kind == Kind::text)
             copy_text(to, from, field.capacity);
         else if (!field.element)
-            memcpy(to, from, field.kind == Kind::u32 ? 4 : 1);
+            memcpy(to, from, size_of_number(field.kind));
     }
 }
 

@@ -12,13 +12,18 @@
 namespace reference {
 
 enum class Kind {
-    u8,     // zero-extended on the wire
-    s8,     // sign-extended
-    u32,    //
-    text,   // `capacity` bytes with the NUL
-    record, // `element`, inline
-    list,   // as many of `capacity` elements as the 32-bit number at `count` says
+    u8,      // zero-extended on the wire
+    s8,      // sign-extended
+    u32,     //
+    wide,    // 32 bits in memory; tag, length and value of 64 bits on the wire
+    version, // `capacity`, nowhere in memory; of what is received the low 16 bits count
+    text,    // `capacity` bytes with the NUL
+    record,  // `element`, inline
+    list,    // as many of `capacity` elements as the 32-bit number at `count` says
 };
+
+// Of a number in memory.
+size_t size_of_number(Kind kind);
 
 struct Layout;
 
@@ -31,13 +36,17 @@ struct Field {
     size_t count = 0;
 };
 
+// Of a record, or of a body: that opens with the tags 0 and 1, the prologue. What follows is not looked at when they
+// are wrong.
 struct Layout {
-    std::string name; // "gorvaNet_state_info"
+    std::string name; // "gorvaNet_state_info"; a body's does not appear in the log
     size_t size;
     std::vector<Field> fields;
     Tags encoder_announces; // after a failure: those of them that are greater than the failing tag
     Tags decoder_announces;
     bool passes_on_alone = true; // a failure of a nested record adds no line of this record
+    std::string encoder = name + "_serialize";
+    std::string decoder = name + "_unserialize";
 };
 
 // A text whose length is said to be another one.

@@ -3,17 +3,17 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <vector>
+#include <map>
 
 namespace {
 
 struct Figures {
-    std::vector<std::string> figures;
+    std::map<std::string, unsigned long long> sums;
 
     ~Figures()
     {
-        for (const std::string &figure : figures)
-            printf("figure: %s\n", figure.c_str());
+        for (const auto &[what, sum] : sums)
+            printf("figure: %llu %s\n", sum, what.c_str());
     }
 };
 
@@ -25,8 +25,8 @@ bool long_form()
     return wanted && strcmp(wanted, "1") == 0;
 }
 
-void report_figure(const std::string &figure)
+void add_to_figure(const std::string &what, uint32_t count)
 {
-    static Figures all;
-    all.figures.push_back(figure);
+    static Figures figures;
+    figures.sums[what] += count;
 }

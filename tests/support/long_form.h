@@ -14,7 +14,7 @@ inline uint32_t by_form(uint32_t short_count, uint32_t long_count)
     return long_form() ? long_count : short_count;
 }
 
-// What has been done, for people to read: written when the process ends, behind all else.
-void report_figure(const std::string &figure);
+// What has been done, for people to read: sums of how often, written when the process ends, behind all else.
+void add_to_figure(const std::string &what, uint32_t count);
 
 #endif
