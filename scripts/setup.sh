@@ -35,6 +35,7 @@ missing_packages() {
             have clang-format || echo clang-format
             have clang-tidy || echo clang-tidy
             have shellcheck || echo shellcheck
+            have python3 || echo python3
             ;;
         coverage)
             have gcovr || echo gcovr

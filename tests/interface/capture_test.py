@@ -9,10 +9,10 @@ import unittest
 from typing import Any
 
 from command_test import DAMAGED, SOUND, UNREADABLE, Command, run
-from support import ROOT, vector_bytes, vectors
+from support import ROOT, vectors
 
-SET_MTU = vector_bytes(vectors()["SetMtu.request"])
-PREFIX_STATUS = vector_bytes(vectors()["PrefixStatus.notification"])
+SET_MTU = vectors()["SetMtu.request"].data
+PREFIX_STATUS = vectors()["PrefixStatus.notification"].data
 
 
 def file(*packets: bytes, order: str = ">", magic: int = 0xA1B2C3D4, link_type: int = 147, fraction: int = 5) -> bytes:

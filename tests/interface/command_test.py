@@ -7,6 +7,7 @@ import io
 import json
 import os
 import pty
+import re
 import shutil
 import subprocess
 import tempfile
@@ -16,11 +17,11 @@ from pathlib import Path
 from typing import Any, cast
 from unittest import mock
 
-from support import DECODER, DESCRIPTION, INTERFACE, Values, vector_bytes, vectors
+from support import DECODER, DESCRIPTION, INTERFACE, Values, vectors
 
 from gorvanet_decode import command, wire
 
-VECTORS = {name: vector_bytes(lines) for name, lines in vectors().items()}
+VECTORS = {name: vector.data for name, vector in vectors().items()}
 
 SOUND, DAMAGED, UNREADABLE = 0, 1, 2
 
@@ -137,7 +138,8 @@ class Script(Command):
     def test_status(self) -> None:
         for given, expected in ((b"00", DAMAGED), (b"0", UNREADABLE)):
             arguments = [DECODER, "--body", "SetMtu.request", "--input", "hex"]
-            self.assertEqual(subprocess.run(arguments, input=given, capture_output=True, timeout=60).returncode, expected)
+            result = subprocess.run(arguments, input=given, capture_output=True, timeout=60)
+            self.assertEqual(result.returncode, expected)
         wrong = subprocess.run([DECODER, "--wrong"], capture_output=True, timeout=60)
         self.assertEqual(wrong.returncode, UNREADABLE)
 
@@ -174,6 +176,21 @@ class Script(Command):
         shown = os.read(terminal, 1 << 16).decode()
         os.close(terminal)
         return shown
+
+
+class Manual(Command):
+    def test_its_examples_are_true(self) -> None:
+        manual = (DECODER.parent.parent / "README.md").read_text(encoding="ascii")
+        examples = re.findall(r"(?:^    .*\n)+", manual, re.MULTILINE)
+        blocks = [re.sub(r"^    ", "", example, flags=re.MULTILINE) for example in examples]
+        data = VECTORS["SetDhcp.request"]
+        shown = run(given=data).stdout.decode()
+        self.assertEqual(blocks[0], "$ tools/decode/gorvanet-decode body.hex\n" + shown)
+        damaged = run("--body", "SetDhcp.request", given=data[:43] + b"\5" + data[44:]).stdout.decode()
+        self.assertTrue(damaged.endswith(blocks[1]))
+        question, digits = blocks[2].splitlines()
+        document = re.findall(r"'(.*)'", question)[0]
+        self.expect(run("--encode", given=document), SOUND, digits + "\n")
 
 
 class Input(Command):

@@ -6,7 +6,6 @@ import json
 import random
 import re
 import sys
-from dataclasses import dataclass
 from pathlib import Path
 from typing import Any
 
@@ -14,49 +13,25 @@ ROOT = Path(__file__).resolve().parent.parent.parent
 DESCRIPTION = ROOT / "interface" / "gorvanet.json"
 DECODER = ROOT / "tools" / "decode" / "gorvanet-decode"
 
-sys.path.insert(0, str(ROOT / "tools" / "decode"))
+sys.path[:0] = [str(ROOT / "tools" / "decode"), str(ROOT / "tools" / "generate")]
 
 from gorvanet_decode import description  # noqa: E402
 from gorvanet_decode.description import NUMBERS, Body, Field  # noqa: E402
+from vectors import Vector, read_all  # noqa: E402
 
 DOCUMENT = json.loads(DESCRIPTION.read_text(encoding="utf-8"))
 INTERFACE = description.load(DESCRIPTION)
 
 
-@dataclass(frozen=True)
-class Line:
-    """One item of a golden vector: what it is called, its value as written there, and its bytes."""
-
-    path: str
-    value: str
-    data: bytes
-
-
-def read_vector(path: Path) -> list[Line]:
-    found: list[Line] = []
-    for text in path.read_text(encoding="ascii").splitlines():
-        if text.startswith(" "):
-            last = found.pop()
-            found.append(Line(last.path, last.value, last.data + bytes.fromhex(text)))
-        elif not text.startswith("#"):
-            name, value = text.split(" = ", 1)
-            found.append(Line(name, value, b""))
-    return found
-
-
-def vectors() -> dict[str, list[Line]]:
+def vectors() -> dict[str, Vector]:
     """By name of the body."""
-    return {path.stem: read_vector(path) for path in sorted((ROOT / "interface" / "vectors").glob("*.txt"))}
+    return read_all(ROOT / "interface" / "vectors")
 
 
-def vector_bytes(lines: list[Line]) -> bytes:
-    return b"".join(line.data for line in lines)
-
-
-def vector_values(body: Body, lines: list[Line]) -> dict[str, Any]:
+def vector_values(body: Body, vector: Vector) -> dict[str, Any]:
     """The fields behind the prologue as an object. Of a list without elements a vector has the count alone."""
     values: dict[str, Any] = {}
-    for line in lines[2:]:
+    for line in vector.lines[2:]:
         steps: list[Any] = [int(step) if step.isdigit() else step for step in re.findall(r"\w+", line.path)]
         _place(values, steps, int(line.value, 16) if line.value.startswith("0x") else json.loads(line.value))
     _add_empty_lists(body.fields, values)

@@ -5,7 +5,7 @@ from __future__ import annotations
 import unittest
 from typing import Any
 
-from support import INTERFACE, Largest, Values, vector_bytes, vector_values, vectors
+from support import INTERFACE, Largest, Values, vector_values, vectors
 
 from gorvanet_decode import wire
 
@@ -82,7 +82,7 @@ class Damage(unittest.TestCase):
         self.expect(more, "at 0x34, the end: 1 bytes left over behind the last item", values)
 
     def test_within_a_list(self) -> None:
-        data = vector_bytes(vectors()["PrefixStatus.notification"])
+        data = vectors()["PrefixStatus.notification"].data
         decoded = wire.decode_body(PREFIX_STATUS, INTERFACE.prologue, data[:-1])
         self.assertEqual(
             str(decoded.problem), "at 0x130, prefixes.prefixes[1].field12: 4 bytes announced, 3 are left"
@@ -141,15 +141,15 @@ class Encoding(unittest.TestCase):
             self.assertEqual(wire.text_length(size), length, f"{size} characters")
 
     def test_vectors(self) -> None:
-        for name, lines in vectors().items():
+        for name, vector in vectors().items():
             body = INTERFACE.bodies[name]
             with self.subTest(name):
-                data = vector_bytes(lines)
-                self.assertEqual(wire.encode_body(body, INTERFACE.prologue, vector_values(body, lines)), data)
+                data = vector.data
+                self.assertEqual(wire.encode_body(body, INTERFACE.prologue, vector_values(body, vector)), data)
                 decoded = wire.decode_body(body, INTERFACE.prologue, data)
-                self.assertEqual(decoded.values["fields"], vector_values(body, lines))
+                self.assertEqual(decoded.values["fields"], vector_values(body, vector))
                 self.assertEqual((decoded.problem, decoded.notes), (None, []))
-                offsets = [sum(len(before.data) for before in lines[:i]) for i in range(len(lines))]
+                offsets = [sum(len(line.data) for line in vector.lines[:i]) for i in range(len(vector.lines))]
                 self.assertEqual([item.offset for item in decoded.items if item.kind != "record"], offsets)
 
     def test_what_cannot_be_encoded(self) -> None:
