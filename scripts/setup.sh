@@ -6,7 +6,8 @@
 #     setup build test check        and what scripts/check needs
 #     setup build test coverage     or scripts/coverage
 #     setup build test analyse      or scripts/analyse
-#     setup build bench    what the library needs, and scripts/bench
+#     setup build bench    what the library needs, and scripts/bench to count
+#     setup peers          what scripts/bench compares the library with
 
 have() {
     command -v "$1" >/dev/null 2>&1
@@ -50,6 +51,15 @@ missing_packages() {
             have valgrind || echo valgrind
             have python3 || echo python3
             ;;
+        peers)
+            [ -e /usr/lib/i386-linux-gnu/libbenchmark.so ] || echo libbenchmark-dev:i386
+            [ -e /usr/include/msgpuck.h ] || echo libmsgpuck-dev
+            [ -e /usr/include/flatbuffers/flatbuffers.h ] || echo libflatbuffers-dev
+            have flatc || echo flatbuffers-compiler
+            [ -e /usr/lib/i386-linux-gnu/libprotobuf-nanopb.a ] || echo libnanopb-dev:i386
+            have nanopb_generator.py || echo nanopb
+            [ -e /usr/lib/i386-linux-gnu/libmnl.so ] || echo libmnl-dev:i386
+            ;;
         esac
     done
 }
@@ -72,6 +82,9 @@ setup() {
         root=sudo
     fi
     echo "Installing from Debian: $packages"
+    case $packages in
+    *:i386*) $root dpkg --add-architecture i386 ;;
+    esac
     # Mirrors that are being updated make this fail now and then; the lists of before will do.
     $root apt-get update -qq || true
     # shellcheck disable=SC2086 # a list of words

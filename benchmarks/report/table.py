@@ -28,15 +28,39 @@ class Table:
         rows = [{**dataclasses.asdict(figure), "passes": figure.passes()} for figure in self.figures]
         return {"title": self.title, "figures": rows}
 
+    def text(self) -> str:
+        lines = [f"## {self.title}", "", "| | measured | limit | |", "|---|---:|---:|---|"]
+        for figure in self.figures:
+            lines.append(f"| {figure.name} | {shown(figure.value)} | {shown(figure.limit)} | {figure.verdict()} |")
+        return "\n".join(lines) + "\n"
+
+    def passes(self) -> bool:
+        return all(figure.passes() for figure in self.figures)
+
+
+@dataclasses.dataclass(frozen=True)
+class Overview:
+    """Figures without limits, by row and column."""
+
+    title: str
+    columns: list[str]
+    rows: dict[str, list[float]]
+
+    def as_json(self) -> dict[str, Any]:
+        return dataclasses.asdict(self)
+
+    def text(self) -> str:
+        lines = [f"## {self.title}", "", f"| | {' | '.join(self.columns)} |", "|---|" + "---:|" * len(self.columns)]
+        for name, values in self.rows.items():
+            lines.append(f"| {name} | {' | '.join(map(shown, values))} |")
+        return "\n".join(lines) + "\n"
+
+    def passes(self) -> bool:
+        return True
+
 
 def shown(number: float | None) -> str:
     if number is None:
         return ""
     return f"{number:,}" if isinstance(number, int) else f"{number:,.2f}"
 
-
-def markdown(table: Table) -> str:
-    lines = [f"## {table.title}", "", "| | measured | limit | |", "|---|---:|---:|---|"]
-    for figure in table.figures:
-        lines.append(f"| {figure.name} | {shown(figure.value)} | {shown(figure.limit)} | {figure.verdict()} |")
-    return "\n".join(lines) + "\n"

@@ -1,0 +1,5 @@
+// The peers have registered themselves.
+
+#include <benchmark/benchmark.h>
+
+BENCHMARK_MAIN();
