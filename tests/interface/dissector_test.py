@@ -8,10 +8,11 @@ import subprocess
 import tempfile
 import unittest
 from collections.abc import Iterator
+from dataclasses import replace
 from pathlib import Path
 from typing import Any
 
-from support import INTERFACE, ROOT, Field, Values, vectors
+from support import INTERFACE, ROOT, Field, Largest, Only, Values, vectors, widened_texts
 
 from dissector import filter_name
 from gorvanet_decode import capture, message, wire
@@ -107,6 +108,20 @@ def damaged_packets() -> list[Packet]:
     return packets
 
 
+def edge_packets() -> list[Packet]:
+    """Bodies with everything that there is room for, and bodies with one text that is a character longer than that."""
+    packets = []
+    for body in INTERFACE.bodies.values():
+        largest = wire.encode_body(body, INTERFACE.prologue, Largest().of(body.fields))
+        longer = [
+            wire.encode_body(replace(body, fields=fields), INTERFACE.prologue, Only(text).of(fields))
+            for fields, text in widened_texts(body.fields)
+        ]
+        direction = DIRECTIONS.index(body.direction)
+        packets += [Packet(direction, 0, body.index, 0, b"", b"", data) for data in [largest, *longer]]
+    return packets
+
+
 class Readable(Values):
     """Texts that tshark shows as they are."""
 
@@ -144,7 +159,15 @@ class Dissector(unittest.TestCase):
         self.assertEqual(SAMPLE.read_bytes(), sample(INTERFACE, vectors()))
 
     def test_damage_is_shown_as_the_decoder_shows_it(self) -> None:
-        packets = damaged_packets()
+        complaints = self.complaints(damaged_packets())
+        self.assertGreater(sum(map(bool, complaints)), DAMAGED_BODIES // 2)
+
+    def test_edges_are_where_the_decoder_has_them(self) -> None:
+        complaints = self.complaints(edge_packets())
+        self.assertEqual(complaints.count([]), len(INTERFACE.bodies))
+
+    def complaints(self, packets: list[Packet]) -> list[list[str]]:
+        """What the dissector says of each packet, which has to be what the decoder says."""
         with tempfile.TemporaryDirectory() as folder:
             file = Path(folder) / "damaged.pcap"
             file.write_bytes(capture.write(packets))
@@ -155,7 +178,7 @@ class Dissector(unittest.TestCase):
             notes = [note for item in decoded.items for note in item.notes]
             with self.subTest(packet=number):
                 self.assertEqual(experts, notes + ([str(decoded.problem)] if decoded.problem else []))
-        self.assertGreater(sum(bool(experts) for experts in found), DAMAGED_BODIES // 2)
+        return found
 
     def test_the_list_of_packets(self) -> None:
         info = [each["_ws.col.Info"][0] for each in dissect(SAMPLE, ["_ws.col.Info", "frame.number"])]

@@ -15,7 +15,8 @@ from typing import Any
 
 import memory
 from probe import Probe
-from support import DOCUMENT, INTERFACE, ROOT, Field, Largest, Values, Zeroes, vector_values, vectors
+from support import DOCUMENT, INTERFACE, ROOT, Field, Largest, Only, Values, Zeroes
+from support import vector_values, vectors, widened_texts
 
 from gorvanet_decode import wire
 from gorvanet_decode.description import Body
@@ -236,20 +237,6 @@ class Counted(Values):
         return self.how_many if field == self.which else int(self.which in lists_in(field.members))
 
 
-class Only(Zeroes):
-    """One element in each list, and one text as long as it can be."""
-
-    def __init__(self, which: Field) -> None:
-        super().__init__()
-        self.which = which
-
-    def count(self, field: Field) -> int:
-        return 1
-
-    def text(self, field: Field) -> str:
-        return "x" * (field.capacity - 1) if field == self.which else ""
-
-
 def lists_in(fields: tuple[Field, ...]) -> list[Field]:
     return [field for field in all_fields(fields) if field.kind == "list"]
 
@@ -258,16 +245,6 @@ def all_fields(fields: tuple[Field, ...]) -> Iterator[Field]:
     for field in fields:
         yield field
         yield from all_fields(field.members)
-
-
-def widened_texts(fields: tuple[Field, ...]) -> Iterator[tuple[tuple[Field, ...], Field]]:
-    """The same fields with one text of more capacity, for each text in turn; and that text."""
-    for i, field in enumerate(fields):
-        if field.kind == "text":
-            longer = replace(field, capacity=field.capacity + 1)
-            yield fields[:i] + (longer,) + fields[i + 1 :], longer
-        for members, longer in widened_texts(field.members):
-            yield fields[:i] + (replace(field, members=members),) + fields[i + 1 :], longer
 
 
 class Items(LibraryTest):

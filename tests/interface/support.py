@@ -6,6 +6,8 @@ import json
 import random
 import re
 import sys
+from collections.abc import Iterator
+from dataclasses import replace
 from pathlib import Path
 from typing import Any
 
@@ -124,3 +126,27 @@ class Largest(Values):
 
     def text(self, field: Field) -> str:
         return "x" * (field.capacity - 1)
+
+
+class Only(Zeroes):
+    """One element in each list, and one text as long as it can be."""
+
+    def __init__(self, which: Field) -> None:
+        super().__init__()
+        self.which = which
+
+    def count(self, field: Field) -> int:
+        return 1
+
+    def text(self, field: Field) -> str:
+        return "x" * (field.capacity - 1) if field == self.which else ""
+
+
+def widened_texts(fields: tuple[Field, ...]) -> Iterator[tuple[tuple[Field, ...], Field]]:
+    """The same fields with one text of more capacity, for each text in turn; and that text."""
+    for i, field in enumerate(fields):
+        if field.kind == "text":
+            longer = replace(field, capacity=field.capacity + 1)
+            yield fields[:i] + (longer,) + fields[i + 1 :], longer
+        for members, longer in widened_texts(field.members):
+            yield fields[:i] + (replace(field, members=members),) + fields[i + 1 :], longer
