@@ -10,9 +10,10 @@ namespace {
 
 const std::string beginning = "[GORVANET] -> %s(%d): ";
 
+// Of this thread.
 LogLines &kept()
 {
-    static LogLines lines;
+    static thread_local LogLines lines;
     return lines;
 }
 

@@ -23,7 +23,7 @@ std::ostream &operator<<(std::ostream &out, const LogLine &line);
 // A line to expect: `format` without the beginning that all lines share, and its arguments.
 [[gnu::format(printf, 3, 4)]] LogLine logged(int priority, const char *function, const char *format, ...);
 
-// The lines written since the last call.
+// The lines that this thread has written since the last call.
 LogLines take_log();
 
 // Their source line numbers are all different and ascending.
