@@ -137,7 +137,7 @@ class Script(Command):
 
     def test_status(self) -> None:
         for given, expected in ((b"00", DAMAGED), (b"0", UNREADABLE)):
-            arguments = [DECODER, "--body", "SetMtu.request", "--input", "hex"]
+            arguments = [str(DECODER), "--body", "SetMtu.request", "--input", "hex"]
             result = subprocess.run(arguments, input=given, capture_output=True, timeout=60)
             self.assertEqual(result.returncode, expected)
         wrong = subprocess.run([DECODER, "--wrong"], capture_output=True, timeout=60)

@@ -12,12 +12,12 @@ from dataclasses import replace
 from pathlib import Path
 from typing import Any
 
-from support import INTERFACE, ROOT, Field, Largest, Only, Values, vectors, widened_texts
+from support import INTERFACE, ROOT, Largest, Only, Values, vectors, widened_texts
 
 from dissector import filter_name
 from gorvanet_decode import capture, message, wire
 from gorvanet_decode.capture import DIRECTIONS, Packet
-from gorvanet_decode.description import Body
+from gorvanet_decode.description import Body, Field
 from gorvanet_decode.message import Message
 from sample import sample
 

@@ -5,8 +5,9 @@ from __future__ import annotations
 import re
 import subprocess
 import unittest
+from typing import Any
 
-from support import INTERFACE, ROOT, Largest, Zeroes
+from support import DOCUMENT, INTERFACE, ROOT, Largest, Zeroes
 
 from gorvanet_decode import wire
 from reference import sizes
@@ -16,6 +17,43 @@ class Generated(unittest.TestCase):
     def test_everything_is_up_to_date(self) -> None:
         result = subprocess.run([ROOT / "scripts" / "generate", "--check"], capture_output=True, text=True, timeout=60)
         self.assertEqual((result.stdout, result.stderr, result.returncode), ("", "", 0))
+
+
+class Description(unittest.TestCase):
+    """interface/gorvanet.json has the members that interface/README.md documents, and no others."""
+
+    KINDS = {
+        **dict.fromkeys(("u8", "s8", "u16", "u32", "pointer"), {"name", "kind", "tag"}),
+        "text": {"name", "kind", "tag", "capacity"},
+        "record": {"name", "kind", "record"},
+        "list": {"name", "kind", "tag", "capacity", "count", "record"},
+    }
+    METHOD = {"name", "interface", "index", "magic", "magic_name", "accept_magic", "version"}
+
+    def expect_fields(self, fields: list[dict[str, Any]], where: str) -> None:
+        for field in fields:
+            self.assertEqual(set(field), self.KINDS[field["kind"]], where)
+        tags = [field["tag"] for field in fields if "tag" in field]
+        self.assertEqual(tags, sorted(set(tags)), where)
+        names = [field[name] for field in fields for name in ("name", "count") if name in field]
+        self.assertEqual(len(names), len(set(names)), where)
+
+    def test_members(self) -> None:
+        top = {"interface", "magic", "free_magic", "blocks", "prologue", "functions", "records", "methods"}
+        self.assertEqual(set(DOCUMENT), top)
+        for record in DOCUMENT["records"]:
+            self.assertEqual(set(record), {"name", "fields", "functions"})
+            self.expect_fields(record["fields"], record["name"])
+        for method in DOCUMENT["methods"]:
+            self.assertEqual(set(method), self.METHOD | {"request", "response", "functions"})
+            for direction in ("request", "response"):
+                self.expect_fields(method[direction] or [], f"{method['name']} {direction}")
+
+    def test_members_are_documented(self) -> None:
+        manual = (ROOT / "interface" / "README.md").read_text(encoding="ascii")
+        documented = set(re.findall(r"`(\w+)`", "".join(re.findall(r"^\|[^|]*\|", manual, re.MULTILINE))))
+        members = {*DOCUMENT, *self.METHOD, "request", "response", "functions", *self.KINDS}
+        self.assertEqual(documented, members.union(*self.KINDS.values()))
 
 
 class Sizes(unittest.TestCase):
@@ -43,7 +81,9 @@ class Reference(unittest.TestCase):
     text = (ROOT / "docs" / "wire.md").read_text(encoding="ascii")
 
     def section(self, title: str) -> str:
-        return re.findall(rf"^### {re.escape(title)}\n(.*?)(?=^##|\Z)", self.text, re.MULTILINE | re.DOTALL)[0]
+        found = re.search(rf"^### {re.escape(title)}\n(.*?)(?=^##|\Z)", self.text, re.MULTILINE | re.DOTALL)
+        assert found, title
+        return found[1]
 
     def test_each_body_has_its_items_and_the_whole_example(self) -> None:
         for body in INTERFACE.bodies.values():

@@ -32,14 +32,14 @@ def image(fields: tuple[Field, ...], values: dict[str, Any]) -> bytes:
 def _member(field: Field, values: dict[str, Any]) -> bytes:
     value = values.get(field.name)
     if field.kind == "text":
-        return (value or "").encode("utf-8", "surrogateescape").ljust(field.capacity, b"\0")
+        return str(value or "").encode("utf-8", "surrogateescape").ljust(field.capacity, b"\0")
     if field.kind == "record":
         return image(field.members, value or {})
     if field.kind == "list":
         elements = (value or []) + [{}] * (field.capacity - len(value or []))
-        count = values.get(field.count, 0).to_bytes(4, "little")
+        count = int(values.get(field.count, 0)).to_bytes(4, "little")
         return count + b"".join(image(field.members, each) for each in elements)
-    return (value or 0).to_bytes(_SIZES[field.kind], "little", signed=field.kind == "s8")
+    return int(value or 0).to_bytes(_SIZES[field.kind], "little", signed=field.kind == "s8")
 
 
 def _alignment(field: Field) -> int:

@@ -18,7 +18,7 @@ DECODER = ROOT / "tools" / "decode" / "gorvanet-decode"
 sys.path[:0] = [str(ROOT / "tools" / "decode"), str(ROOT / "tools" / "generate")]
 
 from gorvanet_decode import description  # noqa: E402
-from gorvanet_decode.description import NUMBERS, Body, Field  # noqa: E402
+from gorvanet_decode.description import NUMBERS, Body, Field as Field  # noqa: E402
 from vectors import Vector, read_all  # noqa: E402
 
 DOCUMENT = json.loads(DESCRIPTION.read_text(encoding="utf-8"))

@@ -44,12 +44,13 @@ Bytes from_hex(const std::string &words)
     return bytes;
 }
 
-Vector read_vector(const std::filesystem::path &path)
+// The vector of this name: METHOD.DIRECTION.
+Vector read_vector(const std::string &name)
 {
-    Vector vector = {path.stem().stem(), layouts::request, {}};
-    if (path.stem().extension() == ".response")
-        vector.direction = layouts::response;
-    std::ifstream file(path);
+    size_t dot = name.find('.');
+    uint32_t direction = name.substr(dot) == ".response" ? layouts::response : layouts::request;
+    Vector vector = {name.substr(0, dot), direction, {}};
+    std::ifstream file(std::filesystem::path(VECTORS) / (name + ".txt"));
     for (std::string text; std::getline(file, text);) {
         if (text.starts_with(' ')) {
             Bytes more = from_hex(text);
@@ -63,14 +64,14 @@ Vector read_vector(const std::filesystem::path &path)
     return vector;
 }
 
-std::vector<std::filesystem::path> vector_files()
+std::vector<std::string> all_names()
 {
-    std::vector<std::filesystem::path> files;
+    std::vector<std::string> names;
     for (const auto &entry : std::filesystem::directory_iterator(VECTORS))
         if (entry.path().extension() == ".txt")
-            files.push_back(entry.path());
-    std::sort(files.begin(), files.end());
-    return files;
+            names.push_back(entry.path().stem());
+    std::sort(names.begin(), names.end());
+    return names;
 }
 
 Bytes whole(const Vector &vector)
@@ -197,7 +198,7 @@ private:
 
 // ---- Tests ----------------------------------------------------------------------------------------------------------
 
-class VectorTest : public LibraryTest, public testing::WithParamInterface<std::filesystem::path> {
+class VectorTest : public LibraryTest, public testing::WithParamInterface<std::string> {
 protected:
     const Vector vector = read_vector(GetParam());
 };
@@ -227,14 +228,14 @@ TEST_P(VectorTest, HoldsWhatItSays)
     Checker(vector).body(*layout);
 }
 
-std::string name_of_file(const testing::TestParamInfo<std::filesystem::path> &info)
+std::string name_of_test(const testing::TestParamInfo<std::string> &info)
 {
-    std::string name = info.param.stem();
+    std::string name = info.param;
     std::replace(name.begin(), name.end(), '.', '_');
     return name;
 }
 
-INSTANTIATE_TEST_SUITE_P(Each, VectorTest, testing::ValuesIn(vector_files()), name_of_file);
+INSTANTIATE_TEST_SUITE_P(Each, VectorTest, testing::ValuesIn(all_names()), name_of_test);
 
 TEST(Vectors, ThereIsOneForEachBody)
 {
@@ -245,8 +246,8 @@ TEST(Vectors, ThereIsOneForEachBody)
                 if (layouts::find_layout(rows.interface, row.index, direction))
                     expected.push_back(row.name + std::to_string(direction));
     std::vector<std::string> found;
-    for (const std::filesystem::path &file : vector_files())
-        found.push_back(read_vector(file).method + std::to_string(read_vector(file).direction));
+    for (const std::string &name : all_names())
+        found.push_back(read_vector(name).method + std::to_string(read_vector(name).direction));
     std::sort(expected.begin(), expected.end());
     std::sort(found.begin(), found.end());
     EXPECT_EQ(found, expected);

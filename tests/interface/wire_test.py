@@ -2,6 +2,7 @@
 
 from __future__ import annotations
 
+import random
 import unittest
 from typing import Any
 
@@ -102,6 +103,21 @@ class Damage(unittest.TestCase):
             decoded = wire.decode_body(REGISTER, INTERFACE.prologue, bytes.fromhex(head + wide))
             self.assertEqual(str(decoded.problem), f"at 0x24, pointer: {expected}")
             self.assertEqual(decoded.values["fields"], {"first": 1})
+
+
+    def test_any_bytes_give_an_answer(self) -> None:
+        chance = random.Random(3)
+        for body in INTERFACE.bodies.values():
+            data = wire.encode_body(body, INTERFACE.prologue, Largest().of(body.fields))
+            for _ in range(50):
+                changed = bytearray(data[: chance.randint(0, len(data))])
+                for _ in range(min(len(changed), chance.randint(0, 8))):
+                    changed[chance.randrange(len(changed))] = chance.randrange(256)
+                decoded = wire.decode_body(body, INTERFACE.prologue, bytes(changed))
+                end = max((item.offset + item.size for item in decoded.items if item.kind != "record"), default=0)
+                self.assertLessEqual(end, len(changed))
+                if decoded.problem is None:
+                    self.assertEqual(end, len(changed))
 
 
 class Oddities(unittest.TestCase):

@@ -2,6 +2,8 @@
 
 from __future__ import annotations
 
+from collections.abc import Sequence
+
 from gorvanet_decode.description import Body, Field, Interface
 from gorvanet_decode.wire import HEADER, WIDE_HEADER, text_length
 
@@ -85,7 +87,7 @@ def reference(interface: Interface, vectors: dict[str, Vector], methods: list[di
     return f"{opening}{bodies}\n## Records\n{records}"
 
 
-def _table(head: tuple[str, ...], rows: list[tuple[str, ...]]) -> str:
+def _table(head: tuple[str, ...], rows: Sequence[tuple[str, ...]]) -> str:
     lines = [head, tuple("---" for _ in head), *rows]
     return "\n".join("| " + " | ".join(line) + " |" for line in lines).replace(" --- ", "---")
 

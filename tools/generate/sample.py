@@ -2,6 +2,8 @@
 
 from __future__ import annotations
 
+from dataclasses import replace
+
 from gorvanet_decode import capture
 from gorvanet_decode.capture import DIRECTIONS, Packet
 from gorvanet_decode.description import Interface
@@ -17,7 +19,7 @@ def sample(interface: Interface, vectors: dict[str, Vector]) -> bytes:
     packets = [
         _packet(interface, name, vectors[name].data, number) for number, name in enumerate(interface.bodies)
     ] + _damaged(interface, vectors)
-    return capture.write([_at(packet, START + i * STEP) for i, packet in enumerate(packets)])
+    return capture.write([replace(packet, time=START + i * STEP) for i, packet in enumerate(packets)])
 
 
 def _packet(interface: Interface, name: str, data: bytes, number: int) -> Packet:
@@ -39,7 +41,3 @@ def _damaged(interface: Interface, vectors: dict[str, Vector]) -> list[Packet]:
         _packet(interface, "SetDhcp.request", vectors["SetMtu.request"].data, 104),
         Packet(3, 2, 99, 0, b"", b"", b"\1\2\3"),
     ]
-
-
-def _at(packet: Packet, time: int) -> Packet:
-    return Packet(*list(vars(packet).values())[:7], time)

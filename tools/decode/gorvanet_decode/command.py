@@ -70,7 +70,7 @@ def _parser() -> argparse.ArgumentParser:
 def _load(description: Path) -> Interface:
     try:
         return load(description)
-    except (OSError, ValueError, KeyError) as error:
+    except (OSError, ValueError, KeyError, TypeError) as error:
         raise Unreadable(f"{description}: {error}") from None
 
 

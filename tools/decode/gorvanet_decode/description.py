@@ -51,7 +51,7 @@ class Interface:
 
 
 def load(path: Path) -> Interface:
-    """Raises OSError, ValueError or KeyError for a file that is no description."""
+    """Raises OSError, ValueError, KeyError or TypeError for a file that is no description."""
     return from_document(json.loads(path.read_text(encoding="utf-8")))
 
 
