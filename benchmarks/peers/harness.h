@@ -1,7 +1,7 @@
-// Times a peer on every workload. A peer is a class template over the workload:
+// Times a peer on every workload, or counts its instructions. A peer is a class template over the workload:
 //
 //     void encode(const Record &record)   leaves the message with the peer
-//     void decode(Record &record)         out of that message; the record was zeroed once before
+//     void decode(Record &record)         out of that message; the record was zeroed at the beginning
 //     static constexpr bool round_trips   does what is decoded equal what was encoded? It is checked before timing
 //
 // Starting from and ending in plain records, texts copied.
@@ -16,6 +16,16 @@
 #include <cstdlib>
 #include <cstring>
 #include <string>
+#include <vector>
+
+// What is measured, as in "W1/libGorvanet/encode".
+struct Operation {
+    std::string name;
+    void (*time)(benchmark::State &state);
+    void (*once)();
+};
+
+std::vector<Operation> &operations();
 
 template <template <typename> typename Peer, typename Workload> struct Bench {
     using Record = typename Workload::Record;
@@ -32,6 +42,22 @@ template <template <typename> typename Peer, typename Workload> struct Bench {
         return record;
     }
 
+    static Record &decoded()
+    {
+        alignas(64) static Record record;
+        return record;
+    }
+
+    static void encode_once()
+    {
+        peer().encode(sample());
+    }
+
+    static void decode_once()
+    {
+        peer().decode(decoded());
+    }
+
     static void encode(benchmark::State &state)
     {
         for (auto each : state) {
@@ -42,25 +68,22 @@ template <template <typename> typename Peer, typename Workload> struct Bench {
 
     static void decode(benchmark::State &state)
     {
-        alignas(64) static Record decoded;
-        peer().encode(sample());
         for (auto each : state) {
-            peer().decode(decoded);
+            peer().decode(decoded());
             benchmark::ClobberMemory();
         }
     }
 
     static void add(const std::string &workload, const std::string &name)
     {
-        static Record decoded;
-        peer().encode(sample());
-        peer().decode(decoded);
-        if (Peer<Workload>::round_trips && memcmp(&decoded, &sample(), sizeof decoded) != 0) {
+        encode_once();
+        decode_once();
+        if (Peer<Workload>::round_trips && memcmp(&decoded(), &sample(), sizeof(Record)) != 0) {
             fprintf(stderr, "%s does not bring %s back\n", name.c_str(), workload.c_str());
             exit(1);
         }
-        benchmark::RegisterBenchmark((workload + "/" + name + "/encode").c_str(), encode);
-        benchmark::RegisterBenchmark((workload + "/" + name + "/decode").c_str(), decode);
+        operations().push_back({workload + "/" + name + "/encode", encode, encode_once});
+        operations().push_back({workload + "/" + name + "/decode", decode, decode_once});
     }
 };
 

@@ -1,5 +1,5 @@
-// What nothing can beat by much: copies of the bytes, and the same wire format by hand with libc, into a buffer that is
-// there already.
+// What nothing can beat by much: copies of the bytes, the allocation of the message alone, and the same wire format by
+// hand with libc, into a buffer that is there already.
 
 #include "fields.h"
 #include "harness.h"
@@ -53,6 +53,26 @@ template <typename Workload> struct CopyOfStruct {
     void decode(Record &record)
     {
         memcpy(&record, sent, size);
+    }
+};
+
+// What the library's own setting takes before a byte is written.
+template <typename Workload> struct AllocationAlone {
+    using Record = typename Workload::Record;
+    static constexpr bool round_trips = false;
+
+    Record record = Workload::record();
+    size_t size = Workload::serialize_lg(&record);
+    void *volatile message = nullptr;
+
+    void encode(const Record &)
+    {
+        free(message);
+        message = calloc(1, size);
+    }
+
+    void decode(Record &)
+    {
     }
 };
 
@@ -193,6 +213,7 @@ struct TimedYardsticks {
 const TimedYardsticks same_wire;
 const Timed<CopyOfWire> timed_copy_of_wire("memcpy of the wire bytes");
 const Timed<CopyOfStruct> timed_copy_of_struct("memcpy of the struct");
+const Timed<AllocationAlone> timed_allocation_alone("calloc and free alone");
 const Timed<ByHand> timed_by_hand("same format by hand");
 
 } // namespace

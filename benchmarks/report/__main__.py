@@ -4,14 +4,14 @@ import argparse
 import json
 import pathlib
 import sys
-from collections.abc import Sequence
+from collections.abc import Callable, Sequence
 
 import baseline
 import callgrind
 import footprint
 import limits
 import linear
-import times
+import peers
 from table import Figure, Overview, Table
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
@@ -47,26 +47,40 @@ def allocations(build: pathlib.Path) -> Table:
 
 
 def beside_peers(build: pathlib.Path) -> list[Table | Overview]:
-    """Encoding and decoding, in time."""
     if not (build / "benchmarks/gorvanet_times").exists():
         return []
-    rounds = times.run(build)
-    workloads = list(limits.RATIOS)
-    peers = sorted({peer for _, peer in rounds[0]}, key=lambda peer: times.median(rounds, workloads[-1], peer))
-    nanoseconds = {peer: [round(times.median(rounds, workload, peer)) for workload in workloads] for peer in peers}
-    ratios = {peer: [times.median_ratio(rounds, workload, peer) for workload in workloads] for peer in peers}
-    limited = ratios.get(limits.RATIO_TO, [])
+    rounds = peers.run(build)
+    counted = [peers.count(build)]
     return [
-        Overview("Nanoseconds of encoding and decoding, median", workloads, nanoseconds),
-        Overview("libGorvanet's time in proportion, median of the ratios", workloads, ratios),
+        costs("Nanoseconds of encoding and decoding, median", rounds),
+        proportions("libGorvanet's time in proportion, median of the ratios", rounds),
+        costs("Instructions of encoding and decoding, allocator included", counted),
+        proportions("libGorvanet's instructions in proportion", counted),
         Table(f"libGorvanet's time in proportion to {limits.RATIO_TO}",
-              [Figure(workload, ratio, limits.RATIOS[workload]) for workload, ratio in zip(workloads, limited)]),
+              [Figure(workload, peers.median_ratio(rounds, workload, limits.RATIO_TO), limit)
+               for workload, limit in limits.RATIOS.items() if (workload, limits.RATIO_TO) in rounds[0]]),
     ]
 
 
+def costs(title: str, rounds: list[peers.Costs]) -> Overview:
+    return overview(title, rounds, lambda workload, peer: round(peers.median(rounds, workload, peer)))
+
+
+def proportions(title: str, rounds: list[peers.Costs]) -> Overview:
+    return overview(title, rounds, lambda workload, peer: peers.median_ratio(rounds, workload, peer))
+
+
+def overview(title: str, rounds: list[peers.Costs], figure: Callable[[str, str], float]) -> Overview:
+    """A row for each peer, the cheapest on the largest workload first."""
+    workloads = sorted({workload for workload, _ in rounds[0]})
+    names = sorted({peer for _, peer in rounds[0]}, key=lambda peer: peers.median(rounds, "W5", peer))
+    return Overview(title, workloads, {name: [figure(workload, name) for workload in workloads] for name in names})
+
+
 def everything(build: pathlib.Path) -> list[Table | Overview]:
-    return [instructions(callgrind.count_all(build)), *beside_peers(build), linear_cost(build), allocations(build),
-            sizes(build)]
+    print("counting instructions", file=sys.stderr)
+    tables = [instructions(callgrind.count_all(build)), linear_cost(build), allocations(build), sizes(build)]
+    return [*tables, *beside_peers(build)]
 
 
 def report(build: pathlib.Path, tables: Sequence[Table | Overview]) -> bool:
