@@ -8,6 +8,8 @@
 #     setup build test analyse      or scripts/analyse
 #     setup build bench    what the library needs, and scripts/bench to count
 #     setup peers          what scripts/bench compares the library with
+#
+# and further words for the scripts that name them.
 
 have() {
     command -v "$1" >/dev/null 2>&1
@@ -46,6 +48,23 @@ missing_packages() {
             have cppcheck || echo cppcheck
             [ -n "$(find /usr/lib -name 'libclang_rt.ubsan_standalone-i386.a' 2>/dev/null | head -n 1)" ] ||
                 echo libclang-rt-14-dev
+            have scan-build || echo clang-tools
+            ;;
+        mcdc)
+            have clang-19 || echo clang-19
+            have llvm-cov-19 || echo llvm-19
+            [ -n "$(find /usr/lib -name 'libclang_rt.profile-i386.a' -path '*/19/*' 2>/dev/null | head -n 1)" ] ||
+                echo libclang-rt-19-dev
+            have python3 || echo python3
+            ;;
+        mutate)
+            have python3 || echo python3
+            ;;
+        machines)
+            have debootstrap || echo debootstrap
+            ;;
+        abi)
+            have abidw || echo abigail-tools
             ;;
         bench)
             have valgrind || echo valgrind

@@ -1,0 +1,10 @@
+# Clang's counters in the library, for scripts/mcdc: the preset `mcdc` has this included by project().
+
+function(gorvanet_count_conditions)
+  set(counters -fprofile-instr-generate -fcoverage-mapping -fcoverage-mcdc)
+  target_compile_options(gorvanet PRIVATE ${counters})
+  target_link_options(gorvanet PRIVATE ${counters})
+endfunction()
+
+# The library is defined later.
+cmake_language(DEFER CALL gorvanet_count_conditions)
