@@ -7,6 +7,7 @@
 #     setup build test coverage     or scripts/coverage
 #     setup build test analyse      or scripts/analyse
 #     setup build bench    what the library needs, and scripts/bench to count
+#     setup docs           what scripts/docs needs
 #     setup peers          what scripts/bench compares the library with
 #
 # and further words for the scripts that name them.
@@ -31,6 +32,10 @@ missing_packages() {
             ;;
         test)
             [ -e /usr/src/googletest/CMakeLists.txt ] || echo googletest
+            ;;
+        docs)
+            have doxygen || echo doxygen
+            have python3 || echo python3
             ;;
         check)
             have clang++ || echo clang

@@ -20,6 +20,7 @@ if [ "$all" -lt 40 ] || [ "$all" != "$(wc -l <"$scratch/calls")" ]; then
 fi
 
 # The same for each row of the page.
+# shellcheck disable=SC2016 # backquotes of the page
 grep -E '^\| `[^`]*`( without line feed)? \| [0-9] \| [^|]+ \| [^|]+ \|$' "$page" |
     sed -E 's/^\| .([^`]*).( without line feed)? \| ([0-9]) .*/\3 \1\2/' | sort >"$scratch/told"
 
