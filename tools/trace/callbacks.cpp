@@ -8,12 +8,14 @@ using namespace trace;
 
 // ---- SetOsIfc ---------------------------------------------------------------------------------------------------------
 
-uint32_t gorvaNet_cbEvtMsgMngt_serializeBody_msgCmd_setOsIfc(uint32_t type, const void *body, void **buffer, uint32_t *size)
+uint32_t gorvaNet_cbEvtMsgMngt_serializeBody_msgCmd_setOsIfc(uint32_t type, const void *body, void **buffer,
+                                                             uint32_t *size)
 {
     return serialize(command(0), real<gorvaNet_serializeBody>(), type, body, buffer, size);
 }
 
-int32_t gorvaNet_cbEvtMsgMngt_unserializeBody_msgCmd_setOsIfc(uint32_t type, const void *buffer, void **body, uint32_t *size)
+int32_t gorvaNet_cbEvtMsgMngt_unserializeBody_msgCmd_setOsIfc(uint32_t type, const void *buffer, void **body,
+                                                              uint32_t *size)
 {
     return unserialize(command(0), real<gorvaNet_unserializeBody>(), type, buffer, body, size);
 }
@@ -25,12 +27,14 @@ void gorvaNet_recvReq_setOsIfc(void *message, void *body, gorvaNet_function *han
 
 // ---- SetDhcp ----------------------------------------------------------------------------------------------------------
 
-uint32_t gorvaNet_cbEvtMsgMngt_serializeBody_msgCmd_setDhcp(uint32_t type, const void *body, void **buffer, uint32_t *size)
+uint32_t gorvaNet_cbEvtMsgMngt_serializeBody_msgCmd_setDhcp(uint32_t type, const void *body, void **buffer,
+                                                            uint32_t *size)
 {
     return serialize(command(1), real<gorvaNet_serializeBody>(), type, body, buffer, size);
 }
 
-int32_t gorvaNet_cbEvtMsgMngt_unserializeBody_msgCmd_setDhcp(uint32_t type, const void *buffer, void **body, uint32_t *size)
+int32_t gorvaNet_cbEvtMsgMngt_unserializeBody_msgCmd_setDhcp(uint32_t type, const void *buffer, void **body,
+                                                             uint32_t *size)
 {
     return unserialize(command(1), real<gorvaNet_unserializeBody>(), type, buffer, body, size);
 }
@@ -42,12 +46,14 @@ void gorvaNet_recvReq_setDhcp(void *message, void *body, gorvaNet_function *hand
 
 // ---- SetRdisc6 --------------------------------------------------------------------------------------------------------
 
-uint32_t gorvaNet_cbEvtMsgMngt_serializeBody_msgCmd_setRdisc6(uint32_t type, const void *body, void **buffer, uint32_t *size)
+uint32_t gorvaNet_cbEvtMsgMngt_serializeBody_msgCmd_setRdisc6(uint32_t type, const void *body, void **buffer,
+                                                              uint32_t *size)
 {
     return serialize(command(2), real<gorvaNet_serializeBody>(), type, body, buffer, size);
 }
 
-int32_t gorvaNet_cbEvtMsgMngt_unserializeBody_msgCmd_setRdisc6(uint32_t type, const void *buffer, void **body, uint32_t *size)
+int32_t gorvaNet_cbEvtMsgMngt_unserializeBody_msgCmd_setRdisc6(uint32_t type, const void *buffer, void **body,
+                                                               uint32_t *size)
 {
     return unserialize(command(2), real<gorvaNet_unserializeBody>(), type, buffer, body, size);
 }
@@ -59,12 +65,14 @@ void gorvaNet_recvReq_setRdisc6(void *message, void *body, gorvaNet_function *ha
 
 // ---- GetIPv4Props -----------------------------------------------------------------------------------------------------
 
-uint32_t gorvaNet_cbEvtMsgMngt_serializeBody_msgCmd_getIPv4Props(uint32_t type, const void *body, void **buffer, uint32_t *size)
+uint32_t gorvaNet_cbEvtMsgMngt_serializeBody_msgCmd_getIPv4Props(uint32_t type, const void *body, void **buffer,
+                                                                 uint32_t *size)
 {
     return serialize(command(3), real<gorvaNet_serializeBody>(), type, body, buffer, size);
 }
 
-int32_t gorvaNet_cbEvtMsgMngt_unserializeBody_msgCmd_getIPv4Props(uint32_t type, const void *buffer, void **body, uint32_t *size)
+int32_t gorvaNet_cbEvtMsgMngt_unserializeBody_msgCmd_getIPv4Props(uint32_t type, const void *buffer, void **body,
+                                                                  uint32_t *size)
 {
     return unserialize(command(3), real<gorvaNet_unserializeBody>(), type, buffer, body, size);
 }
@@ -76,12 +84,14 @@ void gorvaNet_recvReq_getIPv4Props(void *message, void *body, gorvaNet_function 
 
 // ---- GetIPv6Props -----------------------------------------------------------------------------------------------------
 
-uint32_t gorvaNet_cbEvtMsgMngt_serializeBody_msgCmd_getIPv6Props(uint32_t type, const void *body, void **buffer, uint32_t *size)
+uint32_t gorvaNet_cbEvtMsgMngt_serializeBody_msgCmd_getIPv6Props(uint32_t type, const void *body, void **buffer,
+                                                                 uint32_t *size)
 {
     return serialize(command(4), real<gorvaNet_serializeBody>(), type, body, buffer, size);
 }
 
-int32_t gorvaNet_cbEvtMsgMngt_unserializeBody_msgCmd_getIPv6Props(uint32_t type, const void *buffer, void **body, uint32_t *size)
+int32_t gorvaNet_cbEvtMsgMngt_unserializeBody_msgCmd_getIPv6Props(uint32_t type, const void *buffer, void **body,
+                                                                  uint32_t *size)
 {
     return unserialize(command(4), real<gorvaNet_unserializeBody>(), type, buffer, body, size);
 }
@@ -93,12 +103,14 @@ void gorvaNet_recvReq_getIPv6Props(void *message, void *body, gorvaNet_function 
 
 // ---- SetIPv4Address ---------------------------------------------------------------------------------------------------
 
-uint32_t gorvaNet_cbEvtMsgMngt_serializeBody_msgCmd_setIPv4Address(uint32_t type, const void *body, void **buffer, uint32_t *size)
+uint32_t gorvaNet_cbEvtMsgMngt_serializeBody_msgCmd_setIPv4Address(uint32_t type, const void *body, void **buffer,
+                                                                   uint32_t *size)
 {
     return serialize(command(5), real<gorvaNet_serializeBody>(), type, body, buffer, size);
 }
 
-int32_t gorvaNet_cbEvtMsgMngt_unserializeBody_msgCmd_setIPv4Address(uint32_t type, const void *buffer, void **body, uint32_t *size)
+int32_t gorvaNet_cbEvtMsgMngt_unserializeBody_msgCmd_setIPv4Address(uint32_t type, const void *buffer, void **body,
+                                                                    uint32_t *size)
 {
     return unserialize(command(5), real<gorvaNet_unserializeBody>(), type, buffer, body, size);
 }
@@ -110,12 +122,14 @@ void gorvaNet_recvReq_setIPv4Address(void *message, void *body, gorvaNet_functio
 
 // ---- SetMtu -----------------------------------------------------------------------------------------------------------
 
-uint32_t gorvaNet_cbEvtMsgMngt_serializeBody_msgCmd_setMtu(uint32_t type, const void *body, void **buffer, uint32_t *size)
+uint32_t gorvaNet_cbEvtMsgMngt_serializeBody_msgCmd_setMtu(uint32_t type, const void *body, void **buffer,
+                                                           uint32_t *size)
 {
     return serialize(command(6), real<gorvaNet_serializeBody>(), type, body, buffer, size);
 }
 
-int32_t gorvaNet_cbEvtMsgMngt_unserializeBody_msgCmd_setMtu(uint32_t type, const void *buffer, void **body, uint32_t *size)
+int32_t gorvaNet_cbEvtMsgMngt_unserializeBody_msgCmd_setMtu(uint32_t type, const void *buffer, void **body,
+                                                            uint32_t *size)
 {
     return unserialize(command(6), real<gorvaNet_unserializeBody>(), type, buffer, body, size);
 }
@@ -127,12 +141,14 @@ void gorvaNet_recvReq_setMtu(void *message, void *body, gorvaNet_function *handl
 
 // ---- SetIPv6PrefixAndAddress ------------------------------------------------------------------------------------------
 
-uint32_t gorvaNet_cbEvtMsgMngt_serializeBody_msgCmd_setIPv6PrefixAndAddress(uint32_t type, const void *body, void **buffer, uint32_t *size)
+uint32_t gorvaNet_cbEvtMsgMngt_serializeBody_msgCmd_setIPv6PrefixAndAddress(uint32_t type, const void *body,
+                                                                            void **buffer, uint32_t *size)
 {
     return serialize(command(7), real<gorvaNet_serializeBody>(), type, body, buffer, size);
 }
 
-int32_t gorvaNet_cbEvtMsgMngt_unserializeBody_msgCmd_setIPv6PrefixAndAddress(uint32_t type, const void *buffer, void **body, uint32_t *size)
+int32_t gorvaNet_cbEvtMsgMngt_unserializeBody_msgCmd_setIPv6PrefixAndAddress(uint32_t type, const void *buffer,
+                                                                             void **body, uint32_t *size)
 {
     return unserialize(command(7), real<gorvaNet_unserializeBody>(), type, buffer, body, size);
 }
@@ -144,12 +160,14 @@ void gorvaNet_recvReq_setIPv6PrefixAndAddress(void *message, void *body, gorvaNe
 
 // ---- AskStateRenotification -------------------------------------------------------------------------------------------
 
-uint32_t gorvaNet_cbEvtMsgMngt_serializeBody_msgCmd_askStateRenotification(uint32_t type, const void *body, void **buffer, uint32_t *size)
+uint32_t gorvaNet_cbEvtMsgMngt_serializeBody_msgCmd_askStateRenotification(uint32_t type, const void *body,
+                                                                           void **buffer, uint32_t *size)
 {
     return serialize(command(8), real<gorvaNet_serializeBody>(), type, body, buffer, size);
 }
 
-int32_t gorvaNet_cbEvtMsgMngt_unserializeBody_msgCmd_askStateRenotification(uint32_t type, const void *buffer, void **body, uint32_t *size)
+int32_t gorvaNet_cbEvtMsgMngt_unserializeBody_msgCmd_askStateRenotification(uint32_t type, const void *buffer,
+                                                                            void **body, uint32_t *size)
 {
     return unserialize(command(8), real<gorvaNet_unserializeBody>(), type, buffer, body, size);
 }
@@ -161,12 +179,14 @@ void gorvaNet_recvReq_askStateRenotification(void *message, void *body, gorvaNet
 
 // ---- RegisterPrefixStatus ---------------------------------------------------------------------------------------------
 
-uint32_t gorvaNet_cbEvtMsgMngt_serializeBody_msgCmd_registerPrefixStatus(uint32_t type, const void *body, void **buffer, uint32_t *size)
+uint32_t gorvaNet_cbEvtMsgMngt_serializeBody_msgCmd_registerPrefixStatus(uint32_t type, const void *body, void **buffer,
+                                                                         uint32_t *size)
 {
     return serialize(command(9), real<gorvaNet_serializeBody>(), type, body, buffer, size);
 }
 
-int32_t gorvaNet_cbEvtMsgMngt_unserializeBody_msgCmd_registerPrefixStatus(uint32_t type, const void *buffer, void **body, uint32_t *size)
+int32_t gorvaNet_cbEvtMsgMngt_unserializeBody_msgCmd_registerPrefixStatus(uint32_t type, const void *buffer,
+                                                                          void **body, uint32_t *size)
 {
     return unserialize(command(9), real<gorvaNet_unserializeBody>(), type, buffer, body, size);
 }
@@ -178,12 +198,14 @@ void gorvaNet_recvReq_registerPrefixStatus(void *message, void *body, gorvaNet_f
 
 // ---- Configure --------------------------------------------------------------------------------------------------------
 
-uint32_t gorvaNet_cbEvtMsgMngt_serializeBody_msgCmd_configure(uint32_t type, const void *body, void **buffer, uint32_t *size)
+uint32_t gorvaNet_cbEvtMsgMngt_serializeBody_msgCmd_configure(uint32_t type, const void *body, void **buffer,
+                                                              uint32_t *size)
 {
     return serialize(command(10), real<gorvaNet_serializeBody>(), type, body, buffer, size);
 }
 
-int32_t gorvaNet_cbEvtMsgMngt_unserializeBody_msgCmd_configure(uint32_t type, const void *buffer, void **body, uint32_t *size)
+int32_t gorvaNet_cbEvtMsgMngt_unserializeBody_msgCmd_configure(uint32_t type, const void *buffer, void **body,
+                                                               uint32_t *size)
 {
     return unserialize(command(10), real<gorvaNet_unserializeBody>(), type, buffer, body, size);
 }
@@ -195,12 +217,14 @@ void gorvaNet_recvReq_configure(void *message, void *body, gorvaNet_function *ha
 
 // ---- ConfigureAllIPv6Intf ---------------------------------------------------------------------------------------------
 
-uint32_t gorvaNet_cbEvtMsgMngt_serializeBody_msgCmd_configureAllIPv6Intf(uint32_t type, const void *body, void **buffer, uint32_t *size)
+uint32_t gorvaNet_cbEvtMsgMngt_serializeBody_msgCmd_configureAllIPv6Intf(uint32_t type, const void *body, void **buffer,
+                                                                         uint32_t *size)
 {
     return serialize(command(11), real<gorvaNet_serializeBody>(), type, body, buffer, size);
 }
 
-int32_t gorvaNet_cbEvtMsgMngt_unserializeBody_msgCmd_configureAllIPv6Intf(uint32_t type, const void *buffer, void **body, uint32_t *size)
+int32_t gorvaNet_cbEvtMsgMngt_unserializeBody_msgCmd_configureAllIPv6Intf(uint32_t type, const void *buffer,
+                                                                          void **body, uint32_t *size)
 {
     return unserialize(command(11), real<gorvaNet_unserializeBody>(), type, buffer, body, size);
 }
@@ -212,12 +236,14 @@ void gorvaNet_recvReq_configureAllIPv6Intf(void *message, void *body, gorvaNet_f
 
 // ---- PrefixStatus -----------------------------------------------------------------------------------------------------
 
-uint32_t gorvaNet_cbEvtMsgMngt_serializeBody_msgNtfy_prefixStatus(uint32_t type, const void *body, void **buffer, uint32_t *size)
+uint32_t gorvaNet_cbEvtMsgMngt_serializeBody_msgNtfy_prefixStatus(uint32_t type, const void *body, void **buffer,
+                                                                  uint32_t *size)
 {
     return serialize(notification(0), real<gorvaNet_serializeBody>(), type, body, buffer, size);
 }
 
-int32_t gorvaNet_cbEvtMsgMngt_unserializeBody_msgNtfy_prefixStatus(uint32_t type, const void *buffer, void **body, uint32_t *size)
+int32_t gorvaNet_cbEvtMsgMngt_unserializeBody_msgNtfy_prefixStatus(uint32_t type, const void *buffer, void **body,
+                                                                   uint32_t *size)
 {
     return unserialize(notification(0), real<gorvaNet_unserializeBody>(), type, buffer, body, size);
 }

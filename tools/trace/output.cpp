@@ -1,7 +1,7 @@
 #include "output.h"
 
-#include <csignal>
 #include <cerrno>
+#include <csignal>
 #include <ctime>
 #include <unistd.h>
 

@@ -107,7 +107,7 @@ struct Text {
     Output &out;
     Items items;
     bool is_coloured;
-    uint32_t width;  // of the widest name
+    uint32_t width;   // of the widest name
     bool is_measured; // false: find the width, print nothing
 };
 

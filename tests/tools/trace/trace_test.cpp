@@ -169,9 +169,10 @@ TEST_F(Traced, PairsResponsesWithTheirRequests)
 // The bytes are worked out by hand.
 TEST_F(Traced, DecodesTheBody)
 {
-    std::string expected = "\"method\":\"SetMtu\",\"index\":6,\"number\":N,\"user\":\"service\",\"status\":0,\"size\":36,"
-                           "\"hex\":\"000000000000000420190222000000010000000400000000000000030000000400000578\","
-                           "\"fields\":{\"mtu\":1400}}";
+    std::string expected =
+        "\"method\":\"SetMtu\",\"index\":6,\"number\":N,\"user\":\"service\",\"status\":0,\"size\":36,"
+        "\"hex\":\"000000000000000420190222000000010000000400000000000000030000000400000578\","
+        "\"fields\":{\"mtu\":1400}}";
     std::string json = std::regex_replace(scratch_.content("json"), std::regex("\"number\":[0-9]+"), "\"number\":N");
     EXPECT_NE(json.find("\"side\":\"sent\",\"direction\":\"request\"," + expected), std::string::npos);
     EXPECT_NE(json.find("\"fields\":{\"first\":1,\"pointer\":4096,\"last\":2}}"), std::string::npos);
@@ -190,8 +191,8 @@ std::string without_times(const std::string &text)
 
 std::string printed(const Scratch &scratch, const std::string &options)
 {
-    EXPECT_EQ(run(trace + " " + options + " " + witness + " " + scratch.file("seen") + " >" + scratch.file("out") + " 2>" +
-                  scratch.file("err")),
+    EXPECT_EQ(run(trace + " " + options + " " + witness + " " + scratch.file("seen") + " >" + scratch.file("out") +
+                  " 2>" + scratch.file("err")),
               0);
     return scratch.content("err");
 }
@@ -213,7 +214,8 @@ TEST(Trace, PrintsForPeople)
                         "    properties.infos[0].field3  \"192.0.2.53\"\n"
                         "    properties.infos[0].field4  \"name server\"\n"),
               std::string::npos);
-    EXPECT_TRUE(std::regex_search(text, std::regex("sent      SetMtu response #[0-9]+, status 20: nobody handles it\n")));
+    EXPECT_TRUE(
+        std::regex_search(text, std::regex("sent      SetMtu response #[0-9]+, status 20: nobody handles it\n")));
 }
 
 TEST(Trace, IsPlainInAPipeAndColouredWhenAsked)
@@ -232,8 +234,8 @@ TEST(Trace, IsColouredOnATerminal)
     if (run("command -v script >/dev/null") != 0)
         GTEST_SKIP() << "script is not installed";
     Scratch scratch;
-    std::string command = "script -qec '" + trace + " " + witness + " " + scratch.file("seen") + "' /dev/null >" +
-                          scratch.file("out");
+    std::string command =
+        "script -qec '" + trace + " " + witness + " " + scratch.file("seen") + "' /dev/null >" + scratch.file("out");
     EXPECT_EQ(run("unset NO_COLOR; TERM=xterm " + command), 0);
     EXPECT_NE(scratch.content("out").find("\x1b[36msent"), std::string::npos);
     EXPECT_EQ(run("TERM=xterm NO_COLOR=1 " + command), 0);
