@@ -139,7 +139,7 @@ void run(const Sample &sample, Made &made)
 
 std::unique_ptr<Sample> sample_of(const Codec &codec, uint32_t seed)
 {
-    auto sample = std::make_unique<Sample>(codec);
+    std::unique_ptr<Sample> sample(new Sample{codec});
     RandomRecords random(seed);
     random.fill(codec.layout, sample->image.data());
     if (codec.magic)
