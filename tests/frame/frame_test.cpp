@@ -83,6 +83,12 @@ void keep_block(uintptr_t number, uintptr_t status)
            [number, status](const Words &words) { return words[0] == number ? status : uintptr_t{0}; });
 }
 
+void FrameTest::TearDown()
+{
+    EXPECT_EQ(allocations(), 0u);
+    LibraryTest::TearDown();
+}
+
 void FrameTest::start()
 {
     ASSERT_EQ(gorvanet_initialize(), 0u);

@@ -59,8 +59,11 @@ void give_number_without_block(uintptr_t methods, uintptr_t number);
 // Makes it keep the block with this number when it is to be released, for this reason.
 void keep_block(uintptr_t number, uintptr_t status);
 
+// No function of the frame asks for memory: each test ends with a look at that.
 class FrameTest : public LibraryTest {
 protected:
+    void TearDown() override;
+
     // Starts the interface and takes the calls.
     static void start();
 };

@@ -207,12 +207,15 @@ TEST_F(PrefixStatusTest, WithoutMemoryNothingIsSent)
 
 TEST_F(PrefixStatusTest, AfterAFailedSendTheMiddlewareOwnsTheBodyAndNothingIsLogged)
 {
-    answer("zebIntf_sendReq_ntfy", 5);
-    gorvaNet_sendReq_ntfyPrefixStatus(user, pass1, pass2, "lan0", &prefixes);
-    void *body = sent_body();
-    EXPECT_EQ(take_freed().size(), 0u);
-    EXPECT_EQ(live_blocks(), std::vector<void *>{body});
-    free(body);
+    for (uintptr_t result : {1u, 5u, 0xffffu, 0xffffffffu}) {
+        answer("zebIntf_sendReq_ntfy", result);
+        gorvaNet_sendReq_ntfyPrefixStatus(user, pass1, pass2, "lan0", &prefixes);
+        void *body = sent_body();
+        EXPECT_EQ(take_freed().size(), 0u);
+        EXPECT_EQ(live_blocks(), std::vector<void *>{body});
+        EXPECT_EQ(contents(body, size_of_block(body)), prefix_status.request.image);
+        free(body);
+    }
 }
 
 TEST_F(PrefixStatusTest, NullArgumentsArePassedThrough)
@@ -250,7 +253,7 @@ TEST_F(PrefixStatusTest, ReadsTheInterfacesNameFromTheDescriptor)
 TEST_F(PrefixStatusTest, LogsAndReturnsTheMiddlewaresError)
 {
     const void *name = user_name;
-    for (uint32_t error : {1u, 20u, 0x80000000u, 0xffffffffu}) {
+    for (uint32_t error : {1u, 20u, 0xffffu, 0x80000000u, 0xffffffffu}) {
         answer("zebIntf_modCliNtfyUser_mthd", error);
         EXPECT_EQ(accept(), error);
         EXPECT_EQ(take_calls(), Calls{accepted(gorvaNet_base.name)});

@@ -61,6 +61,7 @@ struct Memory {
     unsigned allocations = 0;
     unsigned refused = 0;
     bool refuse_rest = false;
+    uint32_t refused_places = 0;
 };
 
 // Made on the library's first allocation and never destroyed: blocks are released after the last destructor too.
@@ -75,7 +76,9 @@ Memory &the_memory()
 
 bool refuses(Memory &books)
 {
-    books.allocations++;
+    unsigned place = books.allocations++;
+    if (place < 32 && books.refused_places >> place & 1)
+        return true;
     return books.refused &&
            (books.allocations == books.refused || (books.refuse_rest && books.allocations > books.refused));
 }
@@ -149,6 +152,13 @@ void refuse_allocation(unsigned n, bool rest)
     the_memory().allocations = 0;
     the_memory().refused = n;
     the_memory().refuse_rest = rest;
+    the_memory().refused_places = 0;
+}
+
+void refuse_allocations(uint32_t which)
+{
+    refuse_allocation(0);
+    the_memory().refused_places = which;
 }
 
 unsigned allocations()

@@ -18,7 +18,10 @@ struct Freed {
 // Refuses the library's n-th allocation from now on (1 is the next one), and with `rest` all that follow. 0: none.
 void refuse_allocation(unsigned n, bool rest = false);
 
-// Allocations that the library asked for since refuse_allocation or reset_memory, refused ones included.
+// Refuses those of the next 32 allocations whose bit is set; bit 0 is the next one.
+void refuse_allocations(uint32_t which);
+
+// Allocations that the library asked for since refuse_allocation, refuse_allocations or reset_memory, refused ones included.
 unsigned allocations();
 
 // Blocks that the library allocated and nobody has released.

@@ -71,6 +71,27 @@ TEST_F(MemoryBooks, TheRestIsRefusedWhenAskedFor)
     EXPECT_EQ(take_log().size(), 2u);
 }
 
+TEST_F(MemoryBooks, AnyOfTheNextAreRefused)
+{
+    refuse_allocations(0b1010);
+    std::vector<char *> blocks;
+    for (int i = 0; i < 6; i++)
+        blocks.push_back(allocated());
+    EXPECT_EQ(allocations(), 6u);
+    EXPECT_EQ(take_log().size(), 2u);
+    for (size_t i = 0; i < 6; i++) {
+        EXPECT_EQ(blocks[i] == nullptr, i == 1 || i == 3);
+        free(blocks[i]);
+    }
+    refuse_allocations(0x80000000);
+    for (int i = 0; i < 31; i++)
+        free(allocated());
+    EXPECT_EQ(take_log().size(), 0u);
+    EXPECT_EQ(allocated(), nullptr);
+    free(allocated());
+    EXPECT_EQ(take_log().size(), 1u);
+}
+
 TEST_F(MemoryBooks, OnlyTheLibraryIsRefused)
 {
     refuse_allocation(1, true);
