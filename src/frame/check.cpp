@@ -1,6 +1,5 @@
 #include "check.h"
 
-#include "body.h"
 #include "gorvanet.h"
 
 #include <cstdlib>
@@ -52,30 +51,25 @@ void unset_flag(uint8_t flag, const char *flag_name, Where where)
     gorvaNet_base.flags = static_cast<uint8_t>(gorvaNet_base.flags & ~flag);
 }
 
-bool check_body_present(const void *body, Where where)
+void log_no_body(Where where)
 {
-    if (body)
-        return true;
     syslog(LOG_ERR, "[GORVANET] -> %s(%d): Ctx[NULL] text[%s]\n", where.function, where.line, "");
-    return false;
 }
 
-void check_body_magic(const void *body, uint32_t magic, const char *magic_name, Where where)
+void stop_for_body_magic(Where where, const void *body, uint32_t magic, const char *magic_name)
 {
-    if (magic_of(body) == magic)
-        return;
     syslog(LOG_EMERG, "[GORVANET] -> %s(%d): Check Magic[%s-%X] Ctx[ptr(%p) magic(%X)] text[%s]\n", where.function,
            where.line, magic_name, magic, body, magic_of(body), "");
     abort();
 }
 
-void log_no_server(const void *user, Where where)
+void log_no_server(Where where, const void *user)
 {
     syslog(LOG_ERR, "[GORVANET] -> %s(%d): user(%p): UserName Null\n", where.function, where.line, user);
 }
 
 // Names the function of notification users for servers too: kept for compatibility.
-void log_accept_failed(const void *user, int32_t status, Where where)
+void log_accept_failed(Where where, const void *user, int32_t status)
 {
     syslog(LOG_ERR, "[GORVANET] -> %s(%d): user(%p): ModCliNtfyUser failed(%d)\n", where.function, where.line, user,
            status);
@@ -92,14 +86,14 @@ void log_no_memory_for_output(Where where)
     syslog(LOG_ERR, "[GORVANET] -> %s(%d): Allocating Memory N Ctx[%s]\n", where.function, where.line, "");
 }
 
-void log_request_not_serialized(const void *buffer, uint32_t status, Where where)
+void log_request_not_serialized(Where where, const void *buffer, uint32_t status)
 {
     syslog(LOG_ERR, "[GORVANET] -> %s(%d): BodyReq(%p): On serialize failed(%d)\n", where.function, where.line, buffer,
            static_cast<int>(status));
 }
 
 // Says "Req" of a response: kept for compatibility.
-void log_response_not_serialized(const void *buffer, uint32_t status, Where where)
+void log_response_not_serialized(Where where, const void *buffer, uint32_t status)
 {
     syslog(LOG_ERR, "[GORVANET] -> %s(%d): pBodyReq(%p): On serialize failed(%d)\n", where.function, where.line, buffer,
            static_cast<int>(status));
@@ -110,13 +104,13 @@ void log_invalid_parameter(Where where)
     syslog(LOG_ERR, "[GORVANET] -> %s(%d): Invalid parameter\n", where.function, where.line);
 }
 
-void log_type_unknown(uint32_t type, Where where)
+void log_type_unknown(Where where, uint32_t type)
 {
     syslog(LOG_ERR, "[GORVANET] -> %s(%d): Type(%d) unknown\n", where.function, where.line, static_cast<int>(type));
 }
 
 // The one text of the library without a line feed: kept for compatibility.
-void log_type_unknown_without_line_feed(uint32_t type, Where where)
+void log_type_unknown_without_line_feed(Where where, uint32_t type)
 {
     syslog(LOG_ERR, "[GORVANET] -> %s(%d): Type(%d) unknown", where.function, where.line, static_cast<int>(type));
 }

@@ -26,13 +26,23 @@ static_assert(sizeof(ipv6_properties) == 3652);
 
 namespace {
 
+[[gnu::cold]] void log_address_not_copied(Where where, uint32_t status)
+{
+    syslog(LOG_ERR, "[GORVANET] -> %s(%d): Copy ipv6_address failed(%u)\n", where.function, where.line, status);
+}
+
+[[gnu::cold]] void log_prefix_not_copied(Where where, uint32_t status)
+{
+    syslog(LOG_ERR, "[GORVANET] -> %s(%d): Copy ipv6_prefix failed(%u)\n", where.function, where.line, status);
+}
+
 template <uint32_t Capacity>
 uint32_t copy_addresses(ipv6_address (&to)[Capacity], const uint32_t &count, const ipv6_address (&from)[Capacity],
                         Where where = here())
 {
     uint32_t status = copy_list(to, count, from, gorvaNet_ipv6_address_copy);
     if (status)
-        syslog(LOG_ERR, "[GORVANET] -> %s(%d): Copy ipv6_address failed(%u)\n", where.function, where.line, status);
+        log_address_not_copied(where, status);
     return status;
 }
 
@@ -42,7 +52,7 @@ uint32_t copy_prefixes(ipv6_prefix (&to)[Capacity], const uint32_t &count, const
 {
     uint32_t status = copy_list(to, count, from, gorvaNet_ipv6_prefix_copy);
     if (status)
-        syslog(LOG_ERR, "[GORVANET] -> %s(%d): Copy ipv6_prefix failed(%u)\n", where.function, where.line, status);
+        log_prefix_not_copied(where, status);
     return status;
 }
 

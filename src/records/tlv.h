@@ -12,6 +12,8 @@
 #ifndef GORVANET_RECORDS_TLV_H
 #define GORVANET_RECORDS_TLV_H
 
+#include "../frame/internal.h"
+
 #include <cstdint>
 #include <cstring>
 
@@ -43,12 +45,12 @@ inline uint32_t text_item(const char *text)
     return header_size + chain_length(text_size(text));
 }
 
-inline uint32_t load_u32(const uint8_t *at)
+[[gnu::always_inline]] inline uint32_t load_u32(const uint8_t *at)
 {
     return uint32_t{at[0]} << 24 | uint32_t{at[1]} << 16 | uint32_t{at[2]} << 8 | uint32_t{at[3]};
 }
 
-inline void store_u32(uint8_t *at, uint32_t value)
+[[gnu::always_inline]] inline void store_u32(uint8_t *at, uint32_t value)
 {
     at[0] = static_cast<uint8_t>(value >> 24);
     at[1] = static_cast<uint8_t>(value >> 16);
@@ -67,53 +69,26 @@ inline void store_u64(uint8_t *at, uint64_t value)
     store_u32(at + 4, static_cast<uint32_t>(value));
 }
 
-inline void copy_word(char *to, const char *from)
-{
-    uint32_t word;
-    __builtin_memcpy(&word, from, sizeof word);
-    __builtin_memcpy(to, &word, sizeof word);
-}
+// Copies a text of known size, NUL included. Nothing behind the NUL is read or written.
+[[INTERNAL]] void copy_bytes(char *to, const char *from, uint32_t size);
 
-inline void copy_two_words(char *to, const char *from)
-{
-    copy_word(to, from);
-    copy_word(to + 4, from + 4);
-}
+// Copies a text into an array of `capacity` bytes, from another array of that size or from a terminated text of any
+// length: what does not fit is cut, the rest of the array is zeroed, and its last byte is always a NUL.
+[[INTERNAL]] void copy_bounded(char *to, const char *from, uint32_t capacity);
 
-// Copies a text of known size, NUL included, in blocks of which the last may overlap the one before. Nothing behind the
-// NUL is read or written.
-inline void copy_bytes(char *to, const char *from, uint32_t size)
-{
-    if (size >= 8) {
-        uint32_t last = size - 8;
-        for (uint32_t i = 0; i < last; i += 8)
-            copy_two_words(to + i, from + i);
-        copy_two_words(to + last, from + last);
-    } else if (size >= 4) {
-        copy_word(to, from);
-        copy_word(to + size - 4, from + size - 4);
-    } else {
-        for (uint32_t i = 0; i < size; i++)
-            to[i] = from[i];
-    }
-}
-
-// Copies a text into an array, from another array of the same capacity or from a terminated text of any length: what
-// does not fit is cut, the rest of the array is zeroed, and its last byte is always a NUL.
 template <uint32_t Capacity> void copy_text(char (&to)[Capacity], const char *from)
 {
-    strncpy(to, from, Capacity);
-    to[Capacity - 1] = '\0';
+    copy_bounded(to, from, Capacity);
 }
 
-// What a failure leaves in the log. `start` is where the codec began. Those that end a codec's work return its status.
-[[gnu::cold, gnu::noinline]] void announce(const char *function, int line, const void *start, uint32_t tag);
-[[gnu::cold, gnu::noinline]] uint32_t refuse_tag(const char *function, int line, const void *start, const uint8_t *item,
-                                                 uint32_t tag);
-[[gnu::cold, gnu::noinline]] uint32_t refuse_text(const char *function, int line, uint32_t size, uint32_t room);
-[[gnu::cold, gnu::noinline]] uint32_t refuse_wide_tag(const char *function, int line, const void *start,
-                                                      const uint8_t *item, uint32_t tag);
-[[gnu::cold, gnu::noinline]] uint32_t refuse_pointer(const char *function, int line, uint64_t value);
+// What a failure leaves in the log. `start` is where the codec began.
+[[INTERNAL, gnu::cold]] void announce(const char *function, int line, const void *start, uint32_t tag);
+[[INTERNAL, gnu::cold]] void log_wrong_tag(const char *function, int line, const void *start, const uint8_t *item,
+                                           uint32_t tag);
+[[INTERNAL, gnu::cold]] void log_text_too_long(const char *function, int line, uint32_t size, uint32_t room);
+[[INTERNAL, gnu::cold]] void log_wrong_wide_tag(const char *function, int line, const void *start, const uint8_t *item,
+                                                uint32_t tag);
+[[INTERNAL, gnu::cold]] void log_invalid_pointer(const char *function, int line, uint64_t value);
 
 // ---- Writing --------------------------------------------------------------------------------------------------------
 
@@ -136,7 +111,7 @@ inline uint32_t close_writer(const Writer &out)
     return out.status;
 }
 
-inline void put_u32(Writer &out, uint32_t tag, uint32_t value, int line = __builtin_LINE())
+[[gnu::always_inline]] inline void put_u32(Writer &out, uint32_t tag, uint32_t value, int line = __builtin_LINE())
 {
     if (out.status) {
         announce(out.function, line, out.start, tag);
@@ -177,7 +152,8 @@ inline void put_text(Writer &out, uint32_t tag, const char *text, int line = __b
     uint32_t size = text_size(text);
     uint32_t length = chain_length(size);
     if (size > length) {
-        out.status = refuse_text(out.function, line, size, length);
+        log_text_too_long(out.function, line, size, length);
+        out.status = bad_field;
         return;
     }
     store_u32(out.at, tag);
@@ -211,7 +187,7 @@ template <typename Record, uint32_t Capacity>
 void put_list(Writer &out, const uint32_t &count, const Record (&records)[Capacity],
               uint32_t (*serialize)(const Record *, uint8_t **))
 {
-    for (uint32_t i = 0; i < count && i < Capacity; i++)
+    for (uint32_t i = 0; i < count && i < Capacity && !out.status; i++)
         put_record(out, records[i], serialize);
 }
 
@@ -237,27 +213,28 @@ inline uint32_t close_reader(const Reader &in)
 }
 
 // Does the item here carry this tag? Refuses it if not; announces the field if an earlier one has failed.
-inline bool expect(Reader &in, uint32_t tag, int line)
+[[gnu::always_inline]] inline bool expect(Reader &in, uint32_t tag, int line)
 {
     if (in.status) {
         announce(in.function, line, in.start, tag);
         return false;
     }
     if (load_u32(in.at) != tag) {
-        in.status = refuse_tag(in.function, line, in.start, in.at, tag);
+        log_wrong_tag(in.function, line, in.start, in.at, tag);
+        in.status = bad_field;
         return false;
     }
     return true;
 }
 
 // Moves on by a sum that may wrap, so it is made in integers.
-inline void skip(Reader &in, uint32_t size)
+[[gnu::always_inline]] inline void skip(Reader &in, uint32_t size)
 {
     in.at = reinterpret_cast<const uint8_t *>(reinterpret_cast<uintptr_t>(in.at) + size);
 }
 
 // Moves to the next item. The length is the sender's and is never compared with the one that the field implies.
-inline void advance(Reader &in)
+[[gnu::always_inline]] inline void advance(Reader &in)
 {
     skip(in, header_size + load_u32(in.at + 4));
 }
@@ -295,12 +272,14 @@ inline void get_wide(Reader &in, uint32_t tag, void *&field, int line = __builti
         return;
     }
     if (load_u64(in.at) != tag) {
-        in.status = refuse_wide_tag(in.function, line, in.start, in.at, tag);
+        log_wrong_wide_tag(in.function, line, in.start, in.at, tag);
+        in.status = bad_field;
         return;
     }
     uint64_t value = load_u64(in.at + wide_header_size);
     if (value > UINT32_MAX) {
-        in.status = refuse_pointer(in.function, line, value);
+        log_invalid_pointer(in.function, line, value);
+        in.status = bad_pointer;
         return;
     }
     field = reinterpret_cast<void *>(static_cast<uintptr_t>(value));
@@ -309,14 +288,16 @@ inline void get_wide(Reader &in, uint32_t tag, void *&field, int line = __builti
 
 // The text ends at its NUL, whatever the item's length. Bytes of the field behind the NUL stay as they are.
 template <uint32_t Capacity>
-void get_text(Reader &in, uint32_t tag, char (&field)[Capacity], int line = __builtin_LINE())
+[[gnu::always_inline]] inline void get_text(Reader &in, uint32_t tag, char (&field)[Capacity],
+                                            int line = __builtin_LINE())
 {
     if (!expect(in, tag, line))
         return;
     const auto *text = reinterpret_cast<const char *>(in.at + header_size);
     uint32_t size = text_size(text);
     if (size > Capacity) {
-        in.status = refuse_text(in.function, line, size, Capacity);
+        log_text_too_long(in.function, line, size, Capacity);
+        in.status = bad_field;
         return;
     }
     copy_bytes(field, text, size);
@@ -340,7 +321,7 @@ template <typename Record, uint32_t Capacity>
 void get_list(Reader &in, const uint32_t &count, Record (&records)[Capacity],
               uint32_t (*unserialize)(Record *, const uint8_t **))
 {
-    for (uint32_t i = 0; i < count && i < Capacity; i++)
+    for (uint32_t i = 0; i < count && i < Capacity && !in.status; i++)
         get_record(in, records[i], unserialize);
 }
 
