@@ -3,6 +3,7 @@
 
 #include "middleware.h"
 
+#include "failures.h"
 #include "life.h"
 #include "message.h"
 #include "registry.h"
@@ -89,6 +90,8 @@ int32_t accept(const Accept &request, Accepted entry, const char *caller = __bui
     entry.number = interface->number;
     entry.method = request.method;
     entry.block = request.block;
+    if (auto refused = ordered_failure(Failure::accept_method))
+        return *refused;
     if (!entry.from.empty() && !transport::subscribe(*user, entry, caller))
         return bus_failed;
     user->accept(entry);
@@ -105,6 +108,8 @@ int32_t ruvo_addEvtBase(void (*callback)(void *context, int32_t event), void *co
         report_misuse("%s: no callback", __func__);
         return bad_argument;
     }
+    if (auto refused = ordered_failure(Failure::hook_loop))
+        return *refused;
     add_hook(callback, context);
     return 0;
 }
@@ -121,6 +126,8 @@ uint16_t zebCore_getBase_msgMngt(const char *interface_name, MessageManagement *
         report_misuse("%s: interface %s has too many methods: %u", __func__, interface_name, count);
         return GORVANET_NUM_NONE;
     }
+    if (ordered_failure(Failure::register_interface))
+        return GORVANET_NUM_NONE;
     Interface *interface = register_interface(interface_name, count);
     if (!interface) {
         report_misuse("%s: no number is left for interface %s", __func__, interface_name);
@@ -137,6 +144,8 @@ int32_t zebCore_putBase_msgMngt(uint32_t number, uint32_t)
     Interface *interface = registered_interface(number);
     if (!interface)
         return unknown_number;
+    if (auto refused = ordered_failure(Failure::release_interface))
+        return *refused;
     release_interface(*interface);
     return 0;
 }
@@ -151,6 +160,8 @@ int32_t zebIntf_regUser_msgMngt(void *user, void *value, void *reference, uint32
     Interface *interface = registered_interface(number);
     if (!interface)
         return unknown_number;
+    if (auto refused = ordered_failure(Failure::attach_user))
+        return *refused;
     known->attach({interface->number, value, reference});
     return 0;
 }
@@ -167,6 +178,8 @@ int32_t zebIntf_unregUser_msgMngt(void *user, uint32_t number, uint32_t, uint32_
         return unknown_number;
     if (!is_attached(*known, *interface))
         return not_attached;
+    if (auto refused = ordered_failure(Failure::detach_user))
+        return *refused;
     known->detach(interface->number);
     return 0;
 }
@@ -238,6 +251,8 @@ uint32_t zebCore_sendMsgReq_toNameUser(void *core_user, void *body, Receiver *re
     if (!sender || !is_attached(*sender, *interface) || !is_present(server, "name of a serving user") ||
         !is_present(body, "body"))
         return 0;
+    if (ordered_failure(Failure::send))
+        return 0;
     return send_request(*sender, *interface, method, owned, {receiver, {callback, pass2}, server});
 }
 
@@ -255,6 +270,8 @@ uint32_t zebIntf_sendReq_ntfy(void *user, void *body, uint32_t, uint32_t, uint32
     const User *sender = known_user(HandleKind::user, user);
     if (!sender || !is_attached(*sender, *interface) ||
         !has_name(interface->name.c_str(), interface_name, notification_suffix) || !is_present(body, "body"))
+        return 0;
+    if (ordered_failure(Failure::send))
         return 0;
     return send_notification(*sender, *interface, only_method, owned);
 }

@@ -115,6 +115,36 @@ int32_t gorvanet_loopback_withdraw(uint16_t number);
 /* Result: the number of messages that are queued, being handed over, or waiting for an answer. */
 uint32_t gorvanet_loopback_open_messages(void);
 
+/* ---- Failures ---------------------------------------------------------------------------------------------------- */
+
+/* What a test may order to fail, to see what is made of it. */
+enum gorvanet_loopback_failure {
+    /* A call of the bus by the library is refused, with the result that was ordered where it has one. */
+    GORVANET_LOOPBACK_FAIL_REGISTER, /* of an interface, the command interface first; without a number */
+    GORVANET_LOOPBACK_FAIL_RELEASE,  /* of an interface */
+    GORVANET_LOOPBACK_FAIL_HOOK,     /* into the event loop */
+    GORVANET_LOOPBACK_FAIL_ATTACH,   /* of a user to one interface */
+    GORVANET_LOOPBACK_FAIL_DETACH,   /* of a user from one interface */
+    GORVANET_LOOPBACK_FAIL_ACCEPT,   /* of a method, be it a command or a notification */
+    GORVANET_LOOPBACK_FAIL_SEND,     /* of a request or notification; it is released, and the result is 0 */
+
+    /* A message does not come through, on its turn. A notification counts as a request, once for all its receivers. */
+    GORVANET_LOOPBACK_LOSE_REQUEST,    /* reported as undeliverable */
+    GORVANET_LOOPBACK_LOSE_RESPONSE,   /* reported as undeliverable */
+    GORVANET_LOOPBACK_DAMAGE_REQUEST,  /* its first byte is changed, so that the decoder refuses it */
+    GORVANET_LOOPBACK_DAMAGE_RESPONSE, /* its first byte is changed, so that the decoder refuses it */
+    GORVANET_LOOPBACK_LEAVE_UNHANDLED  /* a request is answered with status 20; not for a notification */
+};
+
+/* Orders a failure. It happens once: at the next occasion after `after` others. Of several that are due at the same
+ * occasion the one ordered first happens, the others stay due.
+ *
+ * result: what a refused call gives; not used by the other failures. */
+void gorvanet_loopback_fail(enum gorvanet_loopback_failure failure, uint32_t after, int32_t result);
+
+/* Takes back the failures that have not happened; a tear-down does not. Result: how many there were. */
+uint32_t gorvanet_loopback_drop_failures(void);
+
 /* ---- The observer ------------------------------------------------------------------------------------------------ */
 
 /* What happened. `direction`, `bytes` and `status` are used as told here. */

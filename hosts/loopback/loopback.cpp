@@ -2,6 +2,7 @@
 
 #include "gorvanet_loopback.h"
 
+#include "failures.h"
 #include "life.h"
 #include "message.h"
 #include "report.h"
@@ -16,6 +17,9 @@ static_assert(host::wrong_name == GORVANET_LOOPBACK_WRONG_NAME);
 static_assert(host::busy == GORVANET_LOOPBACK_BUSY);
 static_assert(static_cast<int>(host::Kind::sent) == GORVANET_LOOPBACK_SENT);
 static_assert(static_cast<int>(host::Kind::misuse) == GORVANET_LOOPBACK_MISUSE);
+static_assert(static_cast<int>(host::Failure::register_interface) == GORVANET_LOOPBACK_FAIL_REGISTER);
+static_assert(static_cast<int>(host::Failure::send) == GORVANET_LOOPBACK_FAIL_SEND);
+static_assert(static_cast<int>(host::Failure::leave_unhandled) == GORVANET_LOOPBACK_LEAVE_UNHANDLED);
 
 namespace {
 
@@ -69,4 +73,14 @@ void gorvanet_loopback_observe(gorvanet_loopback_observer *observer, void *data)
     current_observer = observer;
     observer_data = data;
     host::set_observer(observer ? call_observer : nullptr);
+}
+
+void gorvanet_loopback_fail(gorvanet_loopback_failure failure, uint32_t after, int32_t result)
+{
+    host::order_failure(static_cast<host::Failure>(failure), after, result);
+}
+
+uint32_t gorvanet_loopback_drop_failures()
+{
+    return host::drop_failures();
 }

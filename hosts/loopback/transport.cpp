@@ -2,16 +2,19 @@
 
 #include "transport.h"
 
+#include "failures.h"
 #include "loop.h"
 #include "message.h"
 #include "registry.h"
 
+#include <memory>
 #include <vector>
 
 namespace loopback {
 
 namespace {
 
+using host::Failure;
 using host::Message;
 using host::User;
 
@@ -37,12 +40,40 @@ void notify_all(Message &message)
     host::end_message(number);
 }
 
+// The bytes with another first one, which is in the tag of the magic.
+host::Bytes damaged(const host::Bytes &bytes)
+{
+    auto *first = static_cast<const uint8_t *>(bytes.data.get());
+    auto copy = std::make_shared<std::vector<uint8_t>>(first, first + bytes.size);
+    copy->front() ^= 0xff;
+    return {{copy, copy->data()}, bytes.size};
+}
+
+// Result: whether the message ends here, as a test has ordered.
+bool fails(Message &message)
+{
+    bool forth = message.stage != host::Stage::answered;
+    if (host::ordered_failure(forth ? Failure::lose_request : Failure::lose_response)) {
+        host::end_undeliverable(message, forth ? GORVANET_BODY_REQUEST : GORVANET_BODY_RESPONSE, message.bytes,
+                                "lost, as ordered");
+        return true;
+    }
+    if (host::ordered_failure(forth ? Failure::damage_request : Failure::damage_response))
+        message.bytes = damaged(message.bytes);
+    if (forth && !message.is_notification && host::ordered_failure(Failure::leave_unhandled)) {
+        report_status(message, answer_unhandled_message, "nobody handles the message, as ordered");
+        host::end_message(message.number);
+        return true;
+    }
+    return false;
+}
+
 } // namespace
 
 void advance_message(uint32_t number)
 {
     Message *message = host::find_message(number);
-    if (!message)
+    if (!message || fails(*message))
         return;
     if (message->stage == host::Stage::answered)
         deliver_response(*message);
