@@ -10,23 +10,26 @@ set(gorvanet_pkgconfig_dir ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 install(TARGETS gorvanet
   EXPORT gorvanet-targets
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime NAMELINK_COMPONENT development)
-install(FILES include/gorvanet.h
-  DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT development)
-
-set_target_properties(gorvanet_loopback PROPERTIES EXPORT_NAME loopback)
-# A C program links it too.
-target_link_libraries(gorvanet_loopback INTERFACE $<INSTALL_INTERFACE:stdc++>)
-install(TARGETS gorvanet_loopback
+install(TARGETS gorvanet_loopback gorvanet_testing
   EXPORT gorvanet-targets
   ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development)
-install(FILES hosts/loopback/gorvanet_loopback.h
+install(FILES include/gorvanet.h hosts/loopback/gorvanet_loopback.h hosts/testing/gorvanet_testing.h
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT development)
+
+# The targets have the same names here as where they are installed.
+set_target_properties(gorvanet_loopback PROPERTIES EXPORT_NAME loopback)
+set_target_properties(gorvanet_testing PROPERTIES EXPORT_NAME testing)
+add_library(Gorvanet::gorvanet ALIAS gorvanet)
+add_library(Gorvanet::loopback ALIAS gorvanet_loopback)
+add_library(Gorvanet::testing ALIAS gorvanet_testing)
+# C programs link what is C++ inside.
+target_link_libraries(gorvanet_loopback INTERFACE $<INSTALL_INTERFACE:stdc++>)
 
 # For pkg-config. The files find their prefix from where they are, so that it can be chosen, and moved, after the build.
 set(gorvanet_pc_prefix /)
 cmake_path(RELATIVE_PATH gorvanet_pc_prefix BASE_DIRECTORY /${gorvanet_pkgconfig_dir})
 get_target_property(gorvanet_loopback_options gorvanet_loopback INTERFACE_LINK_OPTIONS)
-foreach(name gorvanet gorvanet-loopback)
+foreach(name gorvanet gorvanet-loopback gorvanet-testing)
   configure_file(packaging/${name}.pc.in ${name}.pc @ONLY)
   install(FILES ${PROJECT_BINARY_DIR}/${name}.pc
     DESTINATION ${gorvanet_pkgconfig_dir} COMPONENT development)

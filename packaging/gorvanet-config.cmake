@@ -1,6 +1,7 @@
 # find_package(gorvanet) gives
 #
 #     Gorvanet::gorvanet  the shared library
-#     Gorvanet::loopback  the bus inside one process, for tests; C++ inside
+#     Gorvanet::loopback  the bus inside one process, for tests
+#     Gorvanet::testing   the test bench on it, for unit tests
 
 include(${CMAKE_CURRENT_LIST_DIR}/gorvanet-targets.cmake)
