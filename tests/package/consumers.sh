@@ -1,0 +1,119 @@
+#!/bin/bash
+# consumers.sh pkg-config|cmake TREE: builds programs of others with the installed library and runs them.
+#
+# TREE is where tests/package and examples are. CC, CXX, CFLAGS and CXXFLAGS are heeded; where the library is not
+# installed where everybody looks, PKG_CONFIG_PATH, CMAKE_PREFIX_PATH and LD_LIBRARY_PATH say where it is. One line for
+# each check.
+set -euo pipefail
+
+way=$1
+tree=$(realpath "$2")
+consumer=$tree/tests/package/consumer
+examples=$tree/examples
+version=$(sed -nE 's/^project\(gorvanet VERSION ([0-9.]+) .*/\1/p' "$tree/CMakeLists.txt")
+CC=${CC:-cc}
+CXX=${CXX:-c++}
+read -ra c_flags <<<"${CFLAGS:-}"
+read -ra cxx_flags <<<"${CXXFLAGS:-}"
+scratch=$(mktemp -d)
+trap 'rm -rf "$scratch"' EXIT
+cd "$scratch"
+
+failures=0
+
+# check WHAT COMMAND...: shows what the command says only where it fails.
+check() {
+    local what=$1
+    shift
+    if "$@" >output 2>&1; then
+        echo "ok      $way: $what"
+    else
+        echo "FAILED  $way: $what"
+        sed 's/^/        /' output
+        failures=$((failures + 1))
+    fi
+}
+
+refused() {
+    ! "$@"
+}
+
+# ---- By pkg-config --------------------------------------------------------------------------------------------------
+
+# consumer COMPILER...: the program that brings its own bus.
+build_consumer() {
+    local flags libraries
+    read -ra flags <<<"$(pkg-config --cflags gorvanet)"
+    read -ra libraries <<<"$(pkg-config --libs gorvanet)"
+    "$@" -pedantic-errors -Wall -Wextra -Werror "${flags[@]}" "$consumer/consumer.c" "$consumer/bus.c" -x none \
+        "${libraries[@]}" -o consumer && ./consumer
+}
+
+# build_example EXTENSION COMPILER...: service and client on the loopback host.
+build_example() {
+    local directory=$examples/$1 flags libraries
+    local sources=("$directory"/*."$1")
+    shift
+    read -ra flags <<<"$(pkg-config --cflags gorvanet-loopback)"
+    read -ra libraries <<<"$(pkg-config --libs gorvanet-loopback)"
+    "$@" -Wall -Werror "${flags[@]}" "${sources[@]}" "${libraries[@]}" -o example &&
+        ./example | diff - "$examples/expected.txt"
+}
+
+# build_unit_test PART COMPILER...: the unit test of the service or the client.
+build_unit_test() {
+    local directory=$examples/unit_test part=$1 flags libraries
+    shift
+    read -ra flags <<<"$(pkg-config --cflags gorvanet-testing)"
+    read -ra libraries <<<"$(pkg-config --libs gorvanet-testing)"
+    "$@" -Wall -Wextra -Werror "${flags[@]}" "$directory/$part.c" "$directory/${part}_test.c" "${libraries[@]}" \
+        -o unit_test && ./unit_test
+}
+
+by_pkg_config() {
+    check "version $version" pkg-config --exact-version="$version" gorvanet
+    for standard in c99 c11 c17; do
+        check "$standard" build_consumer "$CC" "${c_flags[@]}" -x c -std=$standard
+    done
+    for standard in c++11 c++14 c++17 c++20; do
+        check "$standard" build_consumer "$CXX" "${cxx_flags[@]}" -x c++ -std=$standard
+    done
+    check "C with the loopback host" build_example c "$CC" "${c_flags[@]}" -std=c99
+    check "C++ with the loopback host" build_example cpp "$CXX" "${cxx_flags[@]}" -std=c++20
+    for part in service client; do
+        check "unit test of the $part" build_unit_test $part "$CC" "${c_flags[@]}" -std=c99
+    done
+}
+
+# ---- By CMake -------------------------------------------------------------------------------------------------------
+
+build_project() {
+    rm -rf build
+    cmake -S "$consumer" -B build "-DLANGUAGES=$1" "-DTREE=$tree" &&
+        cmake --build build && cmake -E chdir build ctest --output-on-failure
+}
+
+# find_version VERSION: does find_package give this version?
+find_version() {
+    mkdir -p version
+    cat >version/CMakeLists.txt <<PROJECT
+cmake_minimum_required(VERSION 3.16)
+project(version LANGUAGES C)
+find_package(gorvanet $1 REQUIRED)
+PROJECT
+    cmake -S version -B version/build
+}
+
+by_cmake() {
+    check "version $version" find_version "$version EXACT"
+    check "no version of another major number" refused find_version $((${version%%.*} + 1))
+    check "a project in C" build_project C
+    check "a project in C and C++" build_project "C;CXX"
+}
+
+case $way in
+pkg-config) by_pkg_config ;;
+cmake) by_cmake ;;
+*) exit 2 ;;
+esac
+[ "$failures" = 0 ]
