@@ -48,6 +48,10 @@ missing_packages() {
         coverage)
             have gcovr || echo gcovr
             ;;
+        package)
+            have debootstrap || echo debootstrap
+            have dpkg-deb || echo dpkg
+            ;;
         analyse)
             have clang++ || echo clang
             have cppcheck || echo cppcheck
