@@ -22,7 +22,9 @@ def run_round(build: pathlib.Path, number: int) -> Costs:
     out = build / "times.json"
     command = [build / "benchmarks/gorvanet_times", f"--benchmark_min_time={SECONDS}",
                "--benchmark_enable_random_interleaving=true", f"--benchmark_out={out}"]
-    subprocess.run(command, check=True, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+    ran = subprocess.run(command, stdout=subprocess.DEVNULL, stderr=subprocess.PIPE, text=True)
+    if ran.returncode:
+        sys.exit(ran.stderr)
     return sorted_in({entry["name"]: entry["cpu_time"] for entry in json.loads(out.read_text())["benchmarks"]})
 
 
