@@ -3,6 +3,7 @@
 import argparse
 import json
 import pathlib
+import subprocess
 import sys
 from collections.abc import Callable, Sequence
 
@@ -111,4 +112,7 @@ def main() -> int:
 
 
 if __name__ == "__main__":
-    sys.exit(main())
+    try:
+        sys.exit(main())
+    except subprocess.CalledProcessError as error:
+        sys.exit(str(error))
