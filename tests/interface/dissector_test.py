@@ -25,6 +25,7 @@ SCRIPT = ROOT / "tools" / "wireshark" / "gorvanet.lua"
 SAMPLE = ROOT / "tools" / "wireshark" / "sample.pcap"
 
 BETWEEN = "\x1f"  # values of one field; none of them holds it
+EXPERT = "_ws.expert.message"
 DAMAGED_BODIES = 300
 
 HEAD = ("direction", "side", "method", "number", "user", "interface", "length")
@@ -46,9 +47,9 @@ def tshark(file: Path, *arguments: str) -> list[str]:
     return result.stdout.decode("utf-8", "replace").removesuffix("\n").split("\n")
 
 
-def dissect(file: Path, names: list[str]) -> list[dict[str, list[str]]]:
+def dissect(file: Path, names: list[str], *arguments: str) -> list[dict[str, list[str]]]:
     """Of each packet the values of these fields, in order."""
-    options = ["-2", "-T", "fields", "-E", "occurrence=a", "-E", f"aggregator={BETWEEN}", "-E", "separator=/t"]
+    options = ["-T", "fields", "-E", "occurrence=a", "-E", f"aggregator={BETWEEN}", "-E", "separator=/t", *arguments]
     options += [option for name in names for option in ("-e", name)]
     rows = [line.split("\t") for line in tshark(file, *options)]
     return [dict(zip(names, (value.split(BETWEEN) if value else [] for value in row))) for row in rows]
@@ -135,13 +136,29 @@ class Readable(Values):
 class Dissector(unittest.TestCase):
     maxDiff = None
 
-    def compare(self, file: Path) -> None:
-        found = dissect(file, filters())
+    def compare(self, file: Path) -> list[list[str]]:
+        """What the dissector says of each packet, which has to be what the decoder says."""
+        found = dissect(file, [*filters(), EXPERT])
         messages = [message.of_packet(INTERFACE, packet) for packet in capture.read(file.read_bytes())]
         self.assertEqual(len(found), len(messages))
-        for number, (fields, each) in enumerate(zip(found, messages), 1):
+        complaints = [fields.pop(EXPERT) for fields in found]
+        for number, (fields, experts, each) in enumerate(zip(found, complaints, messages), 1):
             with self.subTest(packet=number, what=each.what):
                 self.assertEqual(self.printable(fields), self.printable(expected(each)))
+                if each.what:
+                    self.assertEqual(experts, self.decoder_says(each))
+        return complaints
+
+    def compare_packets(self, packets: list[Packet]) -> list[list[str]]:
+        with tempfile.TemporaryDirectory() as folder:
+            file = Path(folder) / "packets.pcap"
+            file.write_bytes(capture.write(packets))
+            return self.compare(file)
+
+    @staticmethod
+    def decoder_says(each: Message) -> list[str]:
+        notes = [note for item in each.decoded.items for note in item.notes]
+        return notes + ([str(each.decoded.problem)] if each.decoded.problem else [])
 
     @staticmethod
     def printable(fields: dict[str, list[str]]) -> dict[str, list[str]]:
@@ -158,26 +175,12 @@ class Dissector(unittest.TestCase):
         self.assertEqual(SAMPLE.read_bytes(), sample(INTERFACE, vectors()))
 
     def test_damage_is_shown_as_the_decoder_shows_it(self) -> None:
-        complaints = self.complaints(damaged_packets())
+        complaints = self.compare_packets(damaged_packets())
         self.assertGreater(sum(map(bool, complaints)), DAMAGED_BODIES // 2)
 
     def test_edges_are_where_the_decoder_has_them(self) -> None:
-        complaints = self.complaints(edge_packets())
+        complaints = self.compare_packets(edge_packets())
         self.assertEqual(complaints.count([]), len(INTERFACE.bodies))
-
-    def complaints(self, packets: list[Packet]) -> list[list[str]]:
-        """What the dissector says of each packet, which has to be what the decoder says."""
-        with tempfile.TemporaryDirectory() as folder:
-            file = Path(folder) / "damaged.pcap"
-            file.write_bytes(capture.write(packets))
-            self.compare(file)
-            found = [each["_ws.expert.message"] for each in dissect(file, ["_ws.expert.message", "frame.number"])]
-        for number, (packet, experts) in enumerate(zip(packets, found), 1):
-            decoded = message.of_packet(INTERFACE, packet).decoded
-            notes = [note for item in decoded.items for note in item.notes]
-            with self.subTest(packet=number):
-                self.assertEqual(experts, notes + ([str(decoded.problem)] if decoded.problem else []))
-        return found
 
     def test_the_list_of_packets(self) -> None:
         info = [each["_ws.col.Info"][0] for each in dissect(SAMPLE, ["_ws.col.Info", "frame.number"])]
@@ -187,7 +190,7 @@ class Dissector(unittest.TestCase):
         self.assertEqual(info[-1], "unknown method 3, 2 (damaged)")
 
     def test_requests_and_responses_find_each_other(self) -> None:
-        pairs = dissect(SAMPLE, ["frame.number", "gorvanet.response_in", "gorvanet.response_to"])
+        pairs = dissect(SAMPLE, ["frame.number", "gorvanet.response_in", "gorvanet.response_to"], "-2")
         self.assertEqual(pairs[0]["gorvanet.response_in"], ["2"])
         self.assertEqual(pairs[1]["gorvanet.response_to"], ["1"])
         one_way = pairs[16]
@@ -207,7 +210,7 @@ class Dissector(unittest.TestCase):
             with tempfile.TemporaryDirectory() as folder:
                 file = Path(folder) / "cut.pcap"
                 file.write_bytes(head + bytes(8) + len(data).to_bytes(4, "big") * 2 + data)
-                shown += dissect(file, ["_ws.expert.message", "frame.number"])[0]["_ws.expert.message"]
+                shown += dissect(file, [EXPERT, "frame.number"])[0][EXPERT]
         mark = "no mark GVN1, or cut off behind it"
         cuts = ["cut off after 20 bytes", f"cut off after {len(whole) - 1} bytes"]
         self.assertEqual(shown, [mark, *cuts, "1 bytes left over behind the body", mark])
