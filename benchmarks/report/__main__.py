@@ -107,8 +107,9 @@ def main() -> int:
         return 0
     if options.gate:
         return 0 if baseline.compare(build, callgrind.count_all(build)) else 1
-    tables = [instructions(callgrind.count_all(build))] if options.instructions else everything(build)
-    return 0 if report(build, tables) else 1
+    if options.instructions:
+        return 0 if report(build, [instructions(callgrind.count_all(build))]) else 1
+    return 0 if report(build, everything(build)) else 1
 
 
 if __name__ == "__main__":

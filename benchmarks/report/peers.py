@@ -20,7 +20,7 @@ Costs = dict[tuple[str, str], dict[str, float]]  # of "encode" and "decode" by w
 def run_round(build: pathlib.Path, number: int) -> Costs:
     print(f"\rtimes: round {number + 1} of {ROUNDS}", end="", file=sys.stderr, flush=True)
     out = build / "times.json"
-    command = [build / "benchmarks/gorvanet_times", f"--benchmark_min_time={SECONDS}",
+    command = [str(build / "benchmarks/gorvanet_times"), f"--benchmark_min_time={SECONDS}",
                "--benchmark_enable_random_interleaving=true", f"--benchmark_out={out}"]
     ran = subprocess.run(command, stdout=subprocess.DEVNULL, stderr=subprocess.PIPE, text=True)
     if ran.returncode:
@@ -41,7 +41,7 @@ def count(build: pathlib.Path) -> Costs:
     """Instructions, allocator included."""
     profile = build / "peers.callgrind"
     command = ["valgrind", "--quiet", "--tool=callgrind", "--combine-dumps=yes", f"--callgrind-out-file={profile}",
-               build / "benchmarks/gorvanet_times", "--count"]
+               str(build / "benchmarks/gorvanet_times"), "--count"]
     print("counting the peers' instructions", file=sys.stderr)
     subprocess.run(command, check=True)
     part = re.compile(r"^desc: Trigger: Client Request: (.*)\n(?:.*\n)*?summary: (\d+)$", re.MULTILINE)
