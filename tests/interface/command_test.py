@@ -121,7 +121,7 @@ SetDhcp request, 52 bytes
     def test_colours(self) -> None:
         given = VECTORS["SetDhcp.request"].hex()
         self.assertNotIn("\x1b", run(given=given).stdout.decode())
-        coloured = run("--color", "always", given=given).stdout.decode()
+        coloured = run("--colour", given=given).stdout.decode()
         self.assertIn("\x1b[36mifName \x1b[0m", coloured)
 
 
@@ -153,7 +153,7 @@ class Script(Command):
     def test_on_a_terminal(self) -> None:
         self.assertIn("\x1b", self.on_a_terminal({}))
         self.assertNotIn("\x1b", self.on_a_terminal({"NO_COLOR": "1"}))
-        self.assertNotIn("\x1b", self.on_a_terminal({}, "--color", "never"))
+        self.assertNotIn("\x1b", self.on_a_terminal({}, "--plain"))
 
     def test_where_it_is_installed(self) -> None:
         with tempfile.TemporaryDirectory() as folder:

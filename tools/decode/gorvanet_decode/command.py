@@ -63,7 +63,9 @@ def _parser() -> argparse.ArgumentParser:
     parser.add_argument("--json", action="store_true", help="a JSON object for each message, on a line of its own")
     parser.add_argument("--encode", action="store_true", help="read such objects and write their bytes")
     parser.add_argument("--output", choices=("hex", "binary", "pcap"), default="hex", help="how --encode writes them")
-    parser.add_argument("--color", choices=("auto", "always", "never"), default="auto", help="colours, for a terminal")
+    colours = parser.add_mutually_exclusive_group()
+    colours.add_argument("--colour", "--color", action="store_true", default=None, help="colours, even in a pipe")
+    colours.add_argument("--plain", action="store_false", dest="colour", help="no colours, even on a terminal")
     return parser
 
 
@@ -85,7 +87,7 @@ def _read(file: str) -> bytes:
 
 
 def _decode(interface: Interface, options: argparse.Namespace) -> int:
-    paint = tree.Painter(_coloured(options.color))
+    paint = tree.Painter(_wants_colours() if options.colour is None else options.colour)
     status = SOUND
     for number, each in enumerate(_messages(interface, options)):
         if options.json:
@@ -96,8 +98,8 @@ def _decode(interface: Interface, options: argparse.Namespace) -> int:
     return status
 
 
-def _coloured(wish: str) -> bool:
-    return wish == "always" or (wish == "auto" and sys.stdout.isatty() and "NO_COLOR" not in os.environ)
+def _wants_colours() -> bool:
+    return sys.stdout.isatty() and not os.environ.get("NO_COLOR")
 
 
 def _messages(interface: Interface, options: argparse.Namespace) -> Iterator[Message]:
