@@ -28,7 +28,8 @@ class Traced(unittest.TestCase):
     def setUpClass(cls) -> None:
         with tempfile.TemporaryDirectory() as folder:
             file, witness = Path(folder) / "pcap", Path(folder) / "seen"
-            command = [os.environ["GORVANET_TRACE"], "-q", "-o", file, os.environ["GORVANET_WITNESS"], witness]
+            command = [os.environ["GORVANET_TRACE"], "-q", "-o", str(file)]
+            command += [os.environ["GORVANET_WITNESS"], str(witness)]
             subprocess.run(command, check=True, capture_output=True, timeout=60)
             cls.captured = file.read_bytes()
             cls.witnessed = [line.split() for line in witness.read_text(encoding="ascii").splitlines()]

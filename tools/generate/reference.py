@@ -34,7 +34,8 @@ big-endian.
   on anything: on the count in front of them.
 - **Tags** begin at 3 in every body and in every record, so the same tag occurs again and again. The gaps in some
   records are part of the format: no item has these tags.
-- **Numbers** of 8 bits travel as 32 bits, signed ones with their sign extended. Of what arrives the low bits count.
+- **Numbers** (u8, s8, u16, u32) of fewer bits travel as 32 bits, signed ones with their sign extended. Of what arrives
+  the low bits count.
 - **Texts** have as their length that of the characters and the NUL, rounded down to a multiple of 4, plus 4. So 1 to 4
   zero bytes follow the NUL, and 4 where none would do.
 - **Records** are their items, inline: no tag of their own, no length.
