@@ -19,6 +19,9 @@ struct Method {
     uint16_t index;
 };
 
+// A number is unlike those of other processes; people are shown the rest of its division by this.
+constexpr uint32_t numbers_of_a_process = 1000000;
+
 struct Message {
     timespec time;
     Side side;

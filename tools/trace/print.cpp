@@ -278,7 +278,7 @@ void print_text(Output &out, const Message &message, bool is_coloured)
     put_text(out, direction_name(message));
     if (message.number) {
         put_text(out, " #");
-        put_unsigned(out, message.number & 0xfffff);
+        put_unsigned(out, message.number % numbers_of_a_process);
     }
     if (*message.user) {
         put_text(out, message.side == Side::sent ? " to " : " from ");

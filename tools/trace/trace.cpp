@@ -69,12 +69,12 @@ void copy_user(char (&to)[longest_user + 1], const char *user)
     strncpy(to, user, longest_user);
 }
 
-// Unlike those of other processes that write to the same file, as long as their ids differ by less than 4096.
+// Unlike those of other processes that write to the same file, as long as their ids differ by less than 4000.
 uint32_t next_number()
 {
     static uint32_t last;
-    last = (last + 1) & 0xfffff;
-    return static_cast<uint32_t>(getpid()) << 20 | last;
+    last = last % (numbers_of_a_process - 1) + 1;
+    return static_cast<uint32_t>(getpid()) % 4000 * numbers_of_a_process + last;
 }
 
 Known *find(Memory &memory, const void *key)

@@ -182,6 +182,20 @@ TEST_F(Traced, DecodesTheBody)
               std::string::npos);
 }
 
+// gorvanet-decode knows the same format from the same page.
+TEST_F(Traced, CapturesForTheDecoder)
+{
+    if (run("command -v python3 >/dev/null") != 0)
+        GTEST_SKIP() << "python3 is not installed";
+    ASSERT_EQ(run(TRACE_DECODE " --json " + scratch_.file("pcap") + " >" + scratch_.file("decoded")), 0);
+    std::vector<std::string> lines = scratch_.lines("decoded");
+    ASSERT_EQ(lines.size(), packets_.size());
+    for (size_t i = 0; i < lines.size(); i++) {
+        EXPECT_EQ(lines[i].find("\"problem\""), std::string::npos) << lines[i];
+        EXPECT_NE(lines[i].find("\"request\": " + std::to_string(packets_[i].number)), std::string::npos) << lines[i];
+    }
+}
+
 // ---- In words -------------------------------------------------------------------------------------------------------
 
 std::string without_times(const std::string &text)
