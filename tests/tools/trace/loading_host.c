@@ -157,6 +157,22 @@ static void decode_damaged(void)
     check(!body && !size, "nothing is given");
 }
 
+/* A SetOsIfc request with a name of 60 characters, at the very end of its memory behind the NUL. */
+static void decode_long_name(void)
+{
+    static const unsigned char start[] = {0, 0, 0, 0, 0, 0, 0, 4, 0x39, 0x13, 0x20, 0x11, 0, 0, 0, 1,
+                                          0, 0, 0, 4, 0, 0, 0, 0, 0,    0,    0,    3,    0, 0, 0, 64};
+    unsigned char *bytes = malloc(sizeof start + 61);
+    check(bytes != NULL, "there is memory");
+    memcpy(bytes, start, sizeof start);
+    memset(bytes + sizeof start, 'a', 60);
+    bytes[sizeof start + 60] = 0;
+    void *body = NULL;
+    uint32_t size = 0;
+    check(blocks[0].records[0].unserializeBody(GORVANET_BODY_REQUEST, bytes, &body, &size) == 4, "it is refused too");
+    free(bytes);
+}
+
 static void use(const char *path)
 {
     void *library = dlopen(path, RTLD_LAZY | RTLD_LOCAL);
@@ -172,6 +188,7 @@ static void use(const char *path)
     check(send(&blocks, on_mtu_set, NULL, NULL, "far away", 1400) == 1, "the bus's result comes back");
     printf("answer %u\n", (unsigned)answer);
     decode_damaged();
+    decode_long_name();
     dlclose(library);
     check(!dlopen("libGorvanet.so.1", RTLD_LAZY | RTLD_NOLOAD), "the library is unloaded");
 }

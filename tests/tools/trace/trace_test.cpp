@@ -301,15 +301,33 @@ TEST(Trace, FollowsALibraryThatIsLoadedLater)
                        "    result  1401\n"
                        "TIME  received  SetMtu response, refused: status 4, 32 bytes\n"
                        "    not as the layout says, from byte 24 on:\n"
-                       "        00000005 00000004\n";
-    auto numbered = [&](const char *first, const char *second) {
-        return std::regex_replace(std::regex_replace(once, std::regex("#N"), first), std::regex("#M"), second);
+                       "        00000005 00000004\n"
+                       "TIME  received  SetOsIfc request #O, refused: status 4, 93 bytes\n"
+                       "    not as the layout says, from byte 24 on:\n"
+                       "        00000003 00000040 61616161 61616161 61616161 61616161 61616161 61616161\n"
+                       "        61616161 61616161 61616161 61616161 61616161 61616161 61616161 61616161\n"
+                       "        61616161 00\n";
+    auto numbered = [&](const char *first, const char *second, const char *third) {
+        std::string text = std::regex_replace(once, std::regex("#N"), first);
+        return std::regex_replace(std::regex_replace(text, std::regex("#M"), second), std::regex("#O"), third);
     };
     std::string text = without_times(scratch.content("err"));
     // The library says of the damaged bytes what it always says.
     text = std::regex_replace(text, std::regex("[^\n]*\\[GORVANET\\][^\n]*\n"), "");
-    EXPECT_EQ(text, numbered("#1", "#2") + numbered("#3", "#4"));
-    EXPECT_EQ(read_capture(scratch.content("pcap")).size(), 10U);
+    EXPECT_EQ(text, numbered("#1", "#2", "#3") + numbered("#4", "#5", "#6"));
+    EXPECT_EQ(read_capture(scratch.content("pcap")).size(), 12U);
+}
+
+// The host looks at errno; here every attempt of the tracer to write sets it.
+TEST(Trace, FilesThatCannotBeWrittenAreNoHarm)
+{
+    Scratch scratch;
+    EXPECT_EQ(run("LD_PRELOAD=" TRACE_OBJECT
+                  " GORVANET_TRACE_FILE=/nowhere/text GORVANET_TRACE_PCAP=/nowhere/pcap " TRACE_LOADING_HOST
+                  " " TRACE_LIBRARY " >" +
+                  scratch.file("out") + " 2>" + scratch.file("err")),
+              0);
+    EXPECT_EQ(scratch.content("out"), "answer 1401\nanswer 1401\n");
 }
 
 TEST(Trace, SeveralProcessesShareAFile)
