@@ -113,6 +113,11 @@ class Capture(Command):
                 self.assertEqual(found[0]["packet"]["problem"], expected)
                 self.assertEqual(found[1]["fields"], {"mtu": 1400})
 
+    def test_a_tree_of_a_packet_that_is_not_whole(self) -> None:
+        lines = run(given=file(REQUEST[:-1])).stdout.decode().splitlines()
+        expected = ["  problem at 0x18, mtu: 4 bytes announced, 3 are left", "  0018  00000003 00000004 000005"]
+        self.assertEqual(lines[3:], [*expected, "  problem of the packet: cut off after 73 bytes"])
+
     def test_a_packet_that_was_not_recorded_whole(self) -> None:
         data = bytearray(file(REQUEST[:60]))
         data[36:40] = len(REQUEST).to_bytes(4, "big")

@@ -33,7 +33,7 @@ class Result:
     stderr: bytes
 
 
-def run(*arguments: str, given: bytes | str = b"") -> Result:
+def run(*arguments: str, given: bytes | str = b"", description: Path = DESCRIPTION) -> Result:
     """The command within this process."""
     data = given.encode() if isinstance(given, str) else given
     streams = [io.TextIOWrapper(io.BytesIO(each), encoding="utf-8") for each in (data, b"", b"")]
@@ -41,7 +41,7 @@ def run(*arguments: str, given: bytes | str = b"") -> Result:
     with contextlib.ExitStack() as stack:
         for name, stream in zip(names, streams):
             stack.enter_context(mock.patch(name, stream))
-        status = command.main(list(arguments), DESCRIPTION)
+        status = command.main(list(arguments), description)
     for stream in streams:
         stream.flush()
     output, errors = (cast(io.BytesIO, stream.buffer).getvalue() for stream in streams[1:])
@@ -240,6 +240,19 @@ class Input(Command):
 
     def test_nothing(self) -> None:
         self.assertEqual(run("--body", "SetMtu.request", "--input", "binary").returncode, DAMAGED)
+
+
+class Description(Command):
+    def test_one_that_cannot_be_used(self) -> None:
+        with tempfile.TemporaryDirectory() as folder:
+            file = Path(folder) / "description"
+            for content, expected in ((None, "No such file"), ("{", "Expecting"), ("{}", "'records'"), ("[]", "list")):
+                if content:
+                    file.write_text(content, encoding="ascii")
+                result = run(given="00", description=file)
+                self.assertEqual((result.returncode, result.stdout), (UNREADABLE, b""))
+                self.assertTrue(result.stderr.decode().startswith(f"gorvanet-decode: {file}: "), result.stderr)
+                self.assertIn(expected, result.stderr.decode())
 
 
 class RoundTrip(Command):

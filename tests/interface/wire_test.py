@@ -199,6 +199,11 @@ class Encoding(unittest.TestCase):
                 wire.encode_body(PREFIX_STATUS, INTERFACE.prologue, changed)
             self.assertEqual(str(raised.exception), expected)
 
+    def test_elements_have_to_be_a_list(self) -> None:
+        with self.assertRaises(wire.CannotEncode) as raised:
+            wire.encode_body(PREFIX_STATUS, INTERFACE.prologue, {"name": "", "prefixes": {"prefixes": 2}})
+        self.assertEqual(str(raised.exception), "prefixes.prefixes: 2 is no list")
+
     def test_a_count_may_be_left_out(self) -> None:
         values = Largest().of(PREFIX_STATUS.fields)
         whole = wire.encode_body(PREFIX_STATUS, INTERFACE.prologue, values)

@@ -90,5 +90,5 @@ def _problem_lines(message: Message, paint: Painter) -> list[str]:
 
 def _dump(data: bytes, start: int) -> list[str]:
     end = min(len(data), start + _REMAINS_SHOWN)
-    shown = [f"  {at:04x}  {data[at : min(at + 16, end)].hex(' ', 4)}" for at in range(start, end, 16)]
+    shown = [f"  {at:04x}  {data[at : min(at + 16, end)].hex(' ', -4)}" for at in range(start, end, 16)]
     return shown + ([f"  and {len(data) - end} bytes more"] if end < len(data) else [])
