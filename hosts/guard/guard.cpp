@@ -17,12 +17,16 @@ constexpr uint32_t wide_number_size = 8;
 
 using Bytes = std::span<const uint8_t>;
 
-uint64_t big_endian(Bytes bytes)
+// The first four or eight of these bytes, which are there.
+
+uint32_t big_endian_32(Bytes bytes)
 {
-    uint64_t value = 0;
-    for (uint8_t byte : bytes)
-        value = value << 8 | byte;
-    return value;
+    return uint32_t{bytes[0]} << 24 | uint32_t{bytes[1]} << 16 | uint32_t{bytes[2]} << 8 | bytes[3];
+}
+
+uint64_t big_endian_64(Bytes bytes)
+{
+    return uint64_t{big_endian_32(bytes)} << 32 | big_endian_32(bytes.subspan(number_size));
 }
 
 // One pass over the items, in the order in which the decoder reads them. The first refusal sticks: behind it nothing is
@@ -80,13 +84,13 @@ private:
     uint64_t number(uint32_t tag, const char *name)
     {
         Bytes value = item(tag, name, header_size, number_size);
-        return refused() ? 0 : big_endian(value.first(number_size));
+        return refused() ? 0 : big_endian_32(value);
     }
 
     void wide(const Field &field)
     {
         Bytes value = item(field.tag, field.name, wide_header_size, wide_number_size);
-        uint64_t pointer = refused() ? 0 : big_endian(value.first(wide_number_size));
+        uint64_t pointer = refused() ? 0 : big_endian_64(value);
         if (pointer > UINT32_MAX)
             refuse(Reason::large_pointer, pointer, UINT32_MAX);
     }
@@ -118,18 +122,18 @@ private:
         Bytes rest = bytes_.subspan(static_cast<size_t>(position_));
         if (rest.size() < header)
             return refuse(Reason::cut_header, rest.size(), header);
-        uint64_t found = big_endian(rest.first(header / 2));
+        uint64_t found = header == wide_header_size ? big_endian_64(rest) : big_endian_32(rest);
         if (found != tag)
             return refuse(Reason::wrong_tag, found, tag);
         // Of the length of a wide item the low half counts.
-        uint64_t length = big_endian(rest.subspan(header - number_size, number_size));
+        uint32_t length = big_endian_32(rest.subspan(header - number_size));
         uint64_t left = rest.size() - header;
         if (length > left)
             return refuse(Reason::cut_value, left, length);
         if (length < needed)
             return refuse(Reason::short_value, length, needed);
         position_ += header + length;
-        return rest.subspan(header, static_cast<size_t>(length));
+        return rest.subspan(header, length);
     }
 
     void begin_item(const char *name)

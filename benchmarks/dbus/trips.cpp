@@ -1,0 +1,277 @@
+// Round trips over D-Bus: through the library and the D-Bus host, and plain sd-bus calls that carry the same bytes.
+//
+//     gorvanet_dbus_trips [trips]
+//
+// Both services are processes of their own on one private bus, and so is this client. The two kinds of trip take turns,
+// one by one, so that whatever else the machine does meets both. Exit status 0 if the library and the host add less
+// than 15 % to the median of each message.
+
+#include "dbus/daemon.h"
+#include "dbus/process.h"
+#include "gorvanet.h"
+#include "gorvanet_dbus.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <stdexcept>
+#include <string>
+#include <systemd/sd-bus.h>
+#include <systemd/sd-event.h>
+#include <vector>
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+using Bytes = std::vector<unsigned char>;
+
+constexpr const char *plain_name = "gorvanet.user.plainer";
+constexpr const char *path = "/gorvanet/ask";
+constexpr const char *interface = "gorvanet.GorvaNetCmd";
+constexpr double most_added = 15; // per cent
+
+int checked(int result, const char *what)
+{
+    if (result < 0)
+        throw std::runtime_error(std::string(what) + ": " + strerror(-result));
+    return result;
+}
+
+// ---- Plain sd-bus ---------------------------------------------------------------------------------------------------
+
+Bytes body_of(sd_bus_message *message)
+{
+    const void *bytes = nullptr;
+    size_t size = 0;
+    checked(sd_bus_message_read_array(message, 'y', &bytes, &size), "read");
+    const auto *begin = static_cast<const unsigned char *>(bytes);
+    return {begin, begin + size};
+}
+
+struct Plain {
+    sd_event *event = nullptr;
+    sd_bus *bus = nullptr;
+};
+
+Plain connect(const std::string &address)
+{
+    Plain plain;
+    checked(sd_event_new(&plain.event), "event loop");
+    checked(sd_bus_new(&plain.bus), "bus");
+    checked(sd_bus_set_address(plain.bus, address.c_str()), "address");
+    checked(sd_bus_set_bus_client(plain.bus, true), "client");
+    checked(sd_bus_start(plain.bus), "start");
+    checked(sd_bus_attach_event(plain.bus, plain.event, SD_EVENT_PRIORITY_NORMAL), "attach");
+    return plain;
+}
+
+// Keeps the body of a call of "Answer" for the calls of all others.
+int answer_plainly(sd_bus_message *call, void *, sd_bus_error *)
+{
+    static Bytes answer;
+    Bytes body = body_of(call);
+    if (sd_bus_message_is_method_call(call, interface, "Answer"))
+        answer = body;
+    sd_bus_message *reply = nullptr;
+    checked(sd_bus_message_new_method_return(call, &reply), "reply");
+    checked(sd_bus_message_append_array(reply, 'y', answer.data(), answer.size()), "append");
+    checked(sd_bus_send(nullptr, reply, nullptr), "send");
+    sd_bus_message_unref(reply);
+    return 1;
+}
+
+int serve_plainly(const std::string &address, const Gate &ready)
+{
+    Plain plain = connect(address);
+    checked(sd_bus_add_object(plain.bus, nullptr, path, answer_plainly, nullptr), "object");
+    checked(sd_bus_request_name(plain.bus, plain_name, 0), "name");
+    ready.open();
+    return sd_event_loop(plain.event);
+}
+
+int on_plain_reply(sd_bus_message *reply, void *size, sd_bus_error *)
+{
+    *static_cast<size_t *>(size) = body_of(reply).size();
+    return 0;
+}
+
+size_t ask_plainly(const Plain &plain, const char *method, const Bytes &body)
+{
+    size_t size = 0;
+    sd_bus_message *call = nullptr;
+    checked(sd_bus_message_new_method_call(plain.bus, &call, plain_name, path, interface, method), "call");
+    checked(sd_bus_message_append_array(call, 'y', body.data(), body.size()), "append");
+    checked(sd_bus_call_async(plain.bus, nullptr, call, on_plain_reply, &size, 0), "send");
+    sd_bus_message_unref(call);
+    while (!size)
+        checked(sd_event_run(plain.event, UINT64_MAX), "run");
+    return size;
+}
+
+// ---- Through the library --------------------------------------------------------------------------------------------
+
+void *join(const char *name)
+{
+    void *user = gorvanet_dbus_add_user(name);
+    if (!user || gorvanet_initialize() || gorvaNet_regUser_msgMngt(user, nullptr, nullptr, GORVANET_SELECT_BOTH))
+        throw std::runtime_error("no user on the bus");
+    return user;
+}
+
+// Every list full.
+void answer_ipv6_props(void *message, void *)
+{
+    ipv6_properties properties = {};
+    properties.field10 = 2;
+    properties.field12 = 2;
+    properties.field14 = 10;
+    properties.field17 = 10;
+    gorvaNet_sendRes_getIPv6Props(message, &properties, 0);
+}
+
+void answer_mtu(void *message, void *, uint32_t)
+{
+    gorvaNet_sendRes_setMtu(message, 0);
+}
+
+int serve_with_library(const Gate &ready)
+{
+    void *user = join("service");
+    gorvaNet_modSrv_recvMsg_setMtu(user, answer_mtu, nullptr, nullptr);
+    gorvaNet_modSrv_recvMsg_getIPv6Props(user, answer_ipv6_props, nullptr, nullptr);
+    ready.open();
+    return gorvanet_dbus_run();
+}
+
+void *client;
+unsigned answers;
+
+void ask_mtu()
+{
+    auto *callback = +[](void *, void *, uint32_t) { answers++; };
+    gorvaNet_sendReq_setMtu(client, callback, nullptr, nullptr, "service", 1400);
+}
+
+void ask_ipv6_props()
+{
+    auto *callback = +[](void *, void *, const ipv6_properties *, uint32_t) { answers++; };
+    gorvaNet_sendReq_getIPv6Props(client, callback, nullptr, nullptr, "service");
+}
+
+void ask_with_library(void (*ask)())
+{
+    unsigned before = answers;
+    ask();
+    while (answers == before)
+        gorvanet_dbus_turn(1000);
+}
+
+// The bytes of a trip, as they are.
+struct Carried {
+    Bytes request;
+    Bytes response;
+};
+
+Carried watch(void (*ask)())
+{
+    Carried carried;
+    auto *observer = +[](void *data, const gorvanet_dbus_event *event) {
+        auto &seen = *static_cast<Carried *>(data);
+        const auto *begin = static_cast<const unsigned char *>(event->bytes);
+        if (event->kind == GORVANET_DBUS_SENT)
+            seen.request.assign(begin, begin + event->size);
+        if (event->kind == GORVANET_DBUS_DELIVERED)
+            seen.response.assign(begin, begin + event->size);
+    };
+    gorvanet_dbus_observe(observer, &carried);
+    ask_with_library(ask);
+    gorvanet_dbus_observe(nullptr, nullptr);
+    return carried;
+}
+
+// ---- Measuring ------------------------------------------------------------------------------------------------------
+
+template <typename Trip> double microseconds(Trip trip)
+{
+    auto start = Clock::now();
+    trip();
+    return std::chrono::duration<double, std::micro>(Clock::now() - start).count();
+}
+
+struct Summary {
+    double rate; // round trips per second
+    double median;
+    double last; // the 99th percentile
+};
+
+Summary summarise(std::vector<double> times)
+{
+    double sum = 0;
+    for (double time : times)
+        sum += time;
+    std::sort(times.begin(), times.end());
+    auto count = static_cast<double>(times.size());
+    return {count * 1e6 / sum, times[times.size() / 2], times[times.size() * 99 / 100]};
+}
+
+void print(const char *what, const Summary &summary)
+{
+    printf("  %-20s %8.0f /s   median %7.1f us   99th %7.1f us\n", what, summary.rate, summary.median, summary.last);
+}
+
+// Result: whether what is added stays below the limit.
+bool measure(const Plain &plain, const char *method, void (*ask)(), unsigned trips)
+{
+    Carried carried = watch(ask);
+    ask_plainly(plain, "Answer", carried.response);
+    std::vector<double> plain_times;
+    std::vector<double> library_times;
+    for (unsigned trip = 0; trip < trips; trip++) {
+        plain_times.push_back(microseconds([&] { ask_plainly(plain, method, carried.request); }));
+        library_times.push_back(microseconds([&] { ask_with_library(ask); }));
+    }
+    Summary without = summarise(plain_times);
+    Summary with = summarise(library_times);
+    double added = 100 * (with.median / without.median - 1);
+    printf("%s, %zu bytes there and %zu back, %u trips of each kind\n", method, carried.request.size(),
+           carried.response.size(), trips);
+    print("plain sd-bus", without);
+    print("library and host", with);
+    printf("  added to the median %.1f %%, to the time of all %.1f %%\n", added, 100 * (without.rate / with.rate - 1));
+    return added < most_added;
+}
+
+int run(unsigned trips)
+{
+    Daemon daemon;
+    gorvanet_dbus_set_address(daemon.address().c_str());
+    Gate plain_ready;
+    Gate library_ready;
+    Process plain_service([&] { return serve_plainly(daemon.address(), plain_ready); });
+    Process library_service([&] { return serve_with_library(library_ready); });
+    if (!plain_ready.wait() || !library_ready.wait())
+        throw std::runtime_error("a service does not start");
+    Plain plain = connect(daemon.address());
+    client = join("client");
+    bool small = measure(plain, "SetMtu", ask_mtu, trips);
+    bool large = measure(plain, "GetIPv6Props", ask_ipv6_props, trips);
+    gorvanet_dbus_tear_down();
+    sd_bus_flush_close_unref(plain.bus);
+    sd_event_unref(plain.event);
+    return small && large ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
+} // namespace
+
+int main(int count, char **arguments)
+{
+    constexpr unsigned usual_trips = 20000;
+    try {
+        return run(count > 1 ? static_cast<unsigned>(atoi(arguments[1])) : usual_trips);
+    } catch (const std::exception &error) {
+        fprintf(stderr, "%s\n", error.what());
+        return EXIT_FAILURE;
+    }
+}
