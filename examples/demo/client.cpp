@@ -1,6 +1,5 @@
 #include "client.h"
 
-#include "gorvanet_loopback.h"
 #include "screen.h"
 
 #include <algorithm>
@@ -31,7 +30,7 @@ ipv6_prefix_addr_conf make_conf(const char *prefix, const char *address)
 void took(Client &client, bool as_expected, const std::string &text)
 {
     client.as_expected &= as_expected;
-    step("client", text);
+    step(client.name, text);
 }
 
 void answered(void *user_data, bool as_expected, const std::string &text)
@@ -101,10 +100,9 @@ void sends(const std::string &text)
     step("client", "sends " + text);
 }
 
-// Lets the bus carry what was sent, and all that follows.
-void deliver()
+void deliver(const Client &client)
 {
-    gorvanet_loopback_run();
+    client.carry();
     printf("\n");
 }
 
@@ -113,7 +111,7 @@ void set_addresses(Client &client)
     ipv4_address address = {.field3 = 1, .field7 = "192.0.2.1", .field8 = "255.255.255.0", .field9 = "192.0.2.254"};
     sends("SetIPv4Address 192.0.2.1");
     gorvaNet_sendReq_setIPv4Address(client.user, on_outcome, nullptr, &client, server, &address);
-    deliver();
+    deliver(client);
 
     ipv6_prefix_addr_conf_list list = {};
     list.field3 = 2;
@@ -121,7 +119,7 @@ void set_addresses(Client &client)
     list.confs[1] = make_conf("2001:db8:2::", "2001:db8:2::1");
     sends("SetIPv6PrefixAndAddress, two of them");
     gorvaNet_sendReq_setIPv6PrefixAndAddress(client.user, on_result_2, nullptr, &client, server, &list);
-    deliver();
+    deliver(client);
 }
 
 void set_up(Client &client)
@@ -129,23 +127,23 @@ void set_up(Client &client)
     const char *name = client.interface.c_str();
     sends("SetDhcp \"" + client.interface + "\", 1");
     gorvaNet_sendReq_setDhcp(client.user, on_done, nullptr, &client, server, name, 1);
-    deliver();
+    deliver(client);
     sends("SetRdisc6 \"" + client.interface + "\"");
     gorvaNet_sendReq_setRdisc6(client.user, on_done, nullptr, &client, server, name);
-    deliver();
+    deliver(client);
     sends("SetMtu " + std::to_string(mtu));
     gorvaNet_sendReq_setMtu(client.user, on_result_0, nullptr, &client, server, mtu);
-    deliver();
+    deliver(client);
 }
 
 void read_back(Client &client)
 {
     sends("GetIPv4Props");
     gorvaNet_sendReq_getIPv4Props(client.user, on_ipv4_props, nullptr, &client, server);
-    deliver();
+    deliver(client);
     sends("GetIPv6Props");
     gorvaNet_sendReq_getIPv6Props(client.user, on_ipv6_props, nullptr, &client, server);
-    deliver();
+    deliver(client);
 }
 
 void configure(Client &client)
@@ -153,10 +151,10 @@ void configure(Client &client)
     intfConf configuration = {.field3 = 7, .field4 = 0, .field5 = 0, .field6 = "office", .field7 = ""};
     sends("Configure, one way");
     gorvaNet_sendReq_configure(client.user, nullptr, server, &configuration);
-    deliver();
+    deliver(client);
     sends("ConfigureAllIPv6Intf 1, one way");
     gorvaNet_sendReq_configureAllIPv6Intf(client.user, nullptr, server, 1);
-    deliver();
+    deliver(client);
 }
 
 void listen(Client &client)
@@ -164,27 +162,31 @@ void listen(Client &client)
     sends("RegisterPrefixStatus");
     gorvaNet_sendReq_registerPrefixStatus(client.user, on_result_1, nullptr, &client, server, 1,
                                           reinterpret_cast<void *>(0x1000), 2);
-    deliver();
+    deliver(client);
     state_info info = {.state = 3, .info = "once more, please"};
     sends("AskStateRenotification, one way; a notification follows");
     gorvaNet_sendReq_askStateRenotification(client.user, nullptr, server, &info);
-    deliver();
+    deliver(client);
 }
 
 } // namespace
 
+bool attach(const Client &client)
+{
+    return gorvaNet_regUser_msgMngt(client.user, nullptr, nullptr, GORVANET_SELECT_BOTH) == 0;
+}
+
 bool start(Client &client)
 {
-    return gorvaNet_regUser_msgMngt(client.user, nullptr, nullptr, GORVANET_SELECT_BOTH) == 0 &&
-           gorvaNet_modCliNtfyUser_recvMsg_prefixStatus(client.user, on_prefix_status, &client, nullptr, "bus",
-                                                        server) == 0;
+    return attach(client) && gorvaNet_modCliNtfyUser_recvMsg_prefixStatus(client.user, on_prefix_status, &client,
+                                                                          nullptr, "bus", server) == 0;
 }
 
 void choose_interface(Client &client)
 {
     sends("SetOsIfc \"" + client.interface + "\"");
     gorvaNet_sendReq_setOsIfc(client.user, on_result_0, nullptr, &client, server, client.interface.c_str());
-    deliver();
+    deliver(client);
     client.interface.resize(std::min(client.interface.size(), longest_name));
 }
 
@@ -201,13 +203,13 @@ void fail_on_purpose(Client &client)
 {
     sends("SetMtu without a server name: the library refuses it and logs it");
     gorvaNet_sendReq_setMtu(client.user, on_result_0, nullptr, &client, nullptr, mtu);
-    deliver();
+    deliver(client);
     sends("SetMtu to a user that is not on the bus");
     gorvaNet_sendReq_setMtu(client.user, on_result_0, nullptr, &client, "nobody", mtu);
-    deliver();
+    deliver(client);
     sends("SetMtu to a user that does not serve it, the client itself");
     gorvaNet_sendReq_setMtu(client.user, on_result_0, nullptr, &client, "client", mtu);
-    deliver();
+    deliver(client);
 }
 
 } // namespace demo

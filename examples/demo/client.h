@@ -10,7 +10,9 @@
 namespace demo {
 
 struct Client {
-    void *user; // on the bus
+    void *user;      // on the bus
+    void (*carry)(); // lets the bus carry what was sent, and all that follows
+    std::string name = "client";
     std::string interface = "eth0";
 
     // What has come back
@@ -21,7 +23,10 @@ struct Client {
 
 constexpr unsigned answered_methods = 9;
 
-// Attaches the client's user to the interface and accepts the notification of the user "service".
+// Attaches the client's user to the interface.
+bool attach(const Client &client);
+
+// The same, and accepts the notification of the user "service".
 bool start(Client &client);
 
 // The first command, SetOsIfc, with all that follows from it.

@@ -11,26 +11,10 @@
 #include "service.h"
 #include "watch.h"
 
-#include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
 #include <string>
-#include <syslog.h>
 #include <unistd.h>
-
-// The library writes its failures to the system log. A program that defines syslog itself gets them instead.
-extern "C" void syslog(int priority, const char *pattern, ...)
-{
-    char text[512];
-    va_list arguments;
-    va_start(arguments, pattern);
-    vsnprintf(text, sizeof(text), pattern, arguments);
-    va_end(arguments);
-    std::string line = text;
-    if (!line.empty() && line.back() == '\n')
-        line.pop_back();
-    demo::log_line(priority, line);
-}
 
 namespace {
 
@@ -56,6 +40,11 @@ bool parse(int count, char **arguments, Options &options)
             options.interface = argument;
     }
     return true;
+}
+
+void carry()
+{
+    gorvanet_loopback_run();
 }
 
 bool start(demo::Service &service, demo::Client &client)
@@ -131,7 +120,8 @@ int main(int count, char **arguments)
     demo::Watch watch;
     demo::observe(watch);
     demo::Service service = {.user = gorvanet_loopback_add_user("service")};
-    demo::Client client = {.user = gorvanet_loopback_add_user("client"), .interface = options.interface};
+    demo::Client client = {
+        .user = gorvanet_loopback_add_user("client"), .carry = carry, .interface = options.interface};
     bool happened = start(service, client) && exchange(options, client, watch) && fail(client, watch);
     happened = stop() && happened && service.interface == client.interface;
     if (!happened) {

@@ -149,9 +149,9 @@ uint32_t gorvanet_dbus_open_messages(void);
 
 /* What happened. `direction`, `bytes` and `status` are used as told here. */
 enum gorvanet_dbus_kind {
-    GORVANET_DBUS_SENT,          /* a request or notification was encoded and given to the bus */
+    GORVANET_DBUS_SENT,          /* a request or notification was encoded and goes to the bus */
     GORVANET_DBUS_DELIVERED,     /* a request, notification or response is about to be handed over */
-    GORVANET_DBUS_ANSWERED,      /* a response was encoded and given to the bus */
+    GORVANET_DBUS_ANSWERED,      /* a response was encoded and goes to the bus */
     GORVANET_DBUS_NOTIFIED,      /* not used */
     GORVANET_DBUS_STATUS,        /* answered with `status` instead of a response; 20: nobody handles it */
     GORVANET_DBUS_UNDELIVERABLE, /* the message ends here, `text` says why */

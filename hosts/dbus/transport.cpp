@@ -164,13 +164,13 @@ bool subscribe(const User &user, const Accepted &accepted, const char *)
 
 bool send(Message &message)
 {
+    report_message(Kind::sent, GORVANET_BODY_REQUEST, message, message.bytes);
     int result = dbus::send(message);
     if (result < 0) {
         report_message(Kind::undeliverable, GORVANET_BODY_REQUEST, message, message.bytes, 0,
                        dbus::explained(result).c_str());
         return false;
     }
-    report_message(Kind::sent, GORVANET_BODY_REQUEST, message, message.bytes);
     message.bytes = {};
     if (message.is_notification)
         end_message(message.number);
@@ -179,14 +179,13 @@ bool send(Message &message)
 
 bool respond(Message &message)
 {
+    report_message(Kind::answered, GORVANET_BODY_RESPONSE, message, message.bytes);
     int result = dbus::reply(message);
     if (result == -EMSGSIZE)
         respond_nothing(message, 0, "the response is too long");
     if (result < 0)
         report_message(Kind::undeliverable, GORVANET_BODY_RESPONSE, message, message.bytes, 0,
                        dbus::explained(result).c_str());
-    else
-        report_message(Kind::answered, GORVANET_BODY_RESPONSE, message, message.bytes);
     return false;
 }
 

@@ -4,6 +4,7 @@
 #include "raw_peer.h"
 #include "support/long_form.h"
 
+#include <cerrno>
 #include <chrono>
 #include <cstdlib>
 #include <memory>
@@ -136,6 +137,54 @@ TEST_F(DBusPolicy, KeepsAMethodFromEverybody)
     RawPeer peer(daemon.address());
     EXPECT_EQ(peer.ask("SetMtu", set_mtu_body(1)), access_denied);
     EXPECT_EQ(peer.ask("SetDhcp", ""), refused);
+}
+
+// The policy of packaging/dbus, on a bus that forbids what the system bus forbids.
+class DBusPackagedPolicy : public DBusHostile {
+protected:
+    DBusPackagedPolicy()
+        : DBusHostile(R"(
+  <policy context="default">
+    <allow user="*"/>
+    <deny own="*"/>
+    <deny send_type="method_call"/>
+    <allow send_type="signal"/>
+    <allow send_requested_reply="true" send_type="method_return"/>
+    <allow send_requested_reply="true" send_type="error"/>
+    <allow receive_type="method_call"/>
+    <allow receive_type="method_return"/>
+    <allow receive_type="error"/>
+    <allow receive_type="signal"/>
+    <allow send_destination="org.freedesktop.DBus"/>
+  </policy>
+  <include>)" PACKAGED_POLICY "</include>\n")
+    {
+    }
+};
+
+TEST_F(DBusPackagedPolicy, LetsRootServeAndAsk)
+{
+    if (geteuid() != 0)
+        GTEST_SKIP() << "root alone may do this";
+    start_service();
+    expect_service();
+}
+
+TEST_F(DBusPackagedPolicy, KeepsOthersOut)
+{
+    if (geteuid() != 0)
+        GTEST_SKIP() << "only root can be somebody else";
+    start_service();
+    Process stranger([&] { return as_user(nobody, daemon.address(), access_denied); });
+    EXPECT_EQ(stranger.wait(), 0);
+    Process usurper([&] {
+        if (setgid(nobody) || setuid(nobody))
+            return 2;
+        RawPeer peer(daemon.address());
+        return sd_bus_request_name(peer.bus(), "gorvanet.user.client", 0) == -EACCES ? 0 : 1;
+    });
+    EXPECT_EQ(usurper.wait(), 0);
+    expect_service();
 }
 
 // ---- What is sent ---------------------------------------------------------------------------------------------------

@@ -24,7 +24,7 @@ Telling tell_with(void (*change)(demo::Service &))
     demo::observe(telling.watch);
     testing::internal::CaptureStdout();
     demo::Service service = {.user = gorvanet_loopback_add_user("service")};
-    demo::Client client = {.user = gorvanet_loopback_add_user("client")};
+    demo::Client client = {.user = gorvanet_loopback_add_user("client"), .carry = [] { gorvanet_loopback_run(); }};
     EXPECT_EQ(gorvanet_initialize(), 0U);
     EXPECT_TRUE(demo::start(service));
     EXPECT_TRUE(demo::start(client));
