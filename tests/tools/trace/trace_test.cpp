@@ -347,6 +347,33 @@ TEST(Trace, SeveralProcessesShareAFile)
     EXPECT_EQ(sorted(captured), sorted(seen));
 }
 
+// Another host, and three processes that talk to each other: what one received, another has sent.
+TEST(Trace, SeesProcessesThatTalkOverDBus)
+{
+    const std::string program = TRACE_DBUS_DEMO;
+    if (program.empty() || run("command -v dbus-daemon >/dev/null") != 0)
+        GTEST_SKIP() << "there is no 32-bit libsystemd, or no dbus-daemon";
+    Scratch scratch;
+    std::string script = TRACE_SOURCE "/examples/demo/dbus.sh ";
+    ASSERT_EQ(run(trace + " -q -o " + scratch.file("pcap") + " " + script + program + " >" + scratch.file("out") +
+                  " 2>" + scratch.file("err")),
+              0)
+        << scratch.content("err");
+    std::set<std::string> sent;
+    std::set<std::string> received;
+    for (const Packet &packet : read_capture(scratch.content("pcap"))) {
+        std::string line = as_witnessed(packet);
+        (packet.side ? received : sent).insert(line.substr(line.find(' ')));
+    }
+    for (const std::string &message : received)
+        EXPECT_TRUE(sent.contains(message)) << message;
+    for (const Known &known : all_methods) {
+        auto first = received.lower_bound(std::string(" ") + known.method + " forth ");
+        ASSERT_NE(first, received.end());
+        EXPECT_EQ(first->find(std::string(" ") + known.method + " forth "), 0U) << known.method;
+    }
+}
+
 // ---- The command ----------------------------------------------------------------------------------------------------
 
 TEST(TraceCommand, SaysWhatIsWrong)

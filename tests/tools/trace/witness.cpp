@@ -55,7 +55,7 @@ int main(int count, char **arguments)
         return 2;
     gorvanet_loopback_observe(write_down, file);
     demo::Service service = {.user = gorvanet_loopback_add_user("service")};
-    demo::Client client = {.user = gorvanet_loopback_add_user("client")};
+    demo::Client client = {.user = gorvanet_loopback_add_user("client"), .carry = [] { gorvanet_loopback_run(); }};
     bool fine = gorvanet_initialize() == 0 && demo::start(service) && demo::start(client);
     demo::choose_interface(client);
     demo::use_everything(client);
