@@ -1,6 +1,6 @@
 """The library beside its peers, encoding and decoding: in time and in instructions.
 
-A round times every benchmark once, in random order; ratios are taken within a round. What is counted needs one round.
+A round times each benchmark once, in random order; ratios are taken within a round. What is counted needs one round.
 """
 
 import json
@@ -10,18 +10,18 @@ import statistics
 import subprocess
 import sys
 
-ROUNDS = 21
-SECONDS = 0.01  # of each benchmark in a round
+ROUNDS = 11
+PAIR_ROUNDS = 41  # of the library and one peer alone, close together
+SECONDS = 0.01    # of each benchmark in a round
 OURS = "libGorvanet"
 
 Costs = dict[tuple[str, str], dict[str, float]]  # of "encode" and "decode" by workload and peer
 
 
-def run_round(build: pathlib.Path, number: int) -> Costs:
-    print(f"\rtimes: round {number + 1} of {ROUNDS}", end="", file=sys.stderr, flush=True)
+def run_round(build: pathlib.Path, names: str) -> Costs:
     out = build / "times.json"
     command = [str(build / "benchmarks/gorvanet_times"), f"--benchmark_min_time={SECONDS}",
-               "--benchmark_enable_random_interleaving=true", f"--benchmark_out={out}"]
+               "--benchmark_enable_random_interleaving=true", f"--benchmark_filter={names}", f"--benchmark_out={out}"]
     ran = subprocess.run(command, stdout=subprocess.DEVNULL, stderr=subprocess.PIPE, text=True)
     if ran.returncode:
         sys.exit(ran.stderr)
@@ -51,10 +51,21 @@ def count(build: pathlib.Path) -> Costs:
     return sorted_in({name: cost - of_counting for name, cost in counts.items()})
 
 
-def run(build: pathlib.Path) -> list[Costs]:
-    rounds = [run_round(build, number) for number in range(ROUNDS)]
+def run_rounds(build: pathlib.Path, rounds: int, names: str) -> list[Costs]:
+    found = []
+    for number in range(rounds):
+        print(f"\rtimes: round {number + 1} of {rounds}", end="", file=sys.stderr, flush=True)
+        found.append(run_round(build, names))
     print(file=sys.stderr)
-    return rounds
+    return found
+
+
+def run(build: pathlib.Path) -> list[Costs]:
+    return run_rounds(build, ROUNDS, ".")
+
+
+def run_pair(build: pathlib.Path, peer: str) -> list[Costs]:
+    return run_rounds(build, PAIR_ROUNDS, f"/({OURS}|{peer})/")
 
 
 def both(costs: dict[str, float]) -> float:
