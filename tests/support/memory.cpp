@@ -90,18 +90,27 @@ void *keep(void *block, size_t size)
     return block;
 }
 
+long given_blocks;
+
+void *counted(void *block)
+{
+    given_blocks += block != nullptr;
+    return block;
+}
+
 void *real_malloc(size_t size)
 {
-    return __interceptor_malloc ? __interceptor_malloc(size) : __libc_malloc(size);
+    return counted(__interceptor_malloc ? __interceptor_malloc(size) : __libc_malloc(size));
 }
 
 void *real_calloc(size_t count, size_t size)
 {
-    return __interceptor_calloc ? __interceptor_calloc(count, size) : __libc_calloc(count, size);
+    return counted(__interceptor_calloc ? __interceptor_calloc(count, size) : __libc_calloc(count, size));
 }
 
 void real_free(void *block)
 {
+    given_blocks -= block != nullptr;
     if (__interceptor_free)
         __interceptor_free(block);
     else
@@ -178,6 +187,11 @@ size_t size_of_block(const void *block)
 {
     auto found = the_memory().live.find(block);
     return found == the_memory().live.end() ? 0 : found->second;
+}
+
+long blocks_of_process()
+{
+    return given_blocks;
 }
 
 std::vector<Freed> take_freed()

@@ -92,6 +92,19 @@ TEST_F(MemoryBooks, AnyOfTheNextAreRefused)
     EXPECT_EQ(take_log().size(), 1u);
 }
 
+TEST_F(MemoryBooks, TheBlocksOfTheProcessAreCountedToo)
+{
+    const long before = blocks_of_process();
+    void *own = malloc(100);
+    void *other = calloc(1, 100);
+    EXPECT_EQ(blocks_of_process() - before, 2);
+    free(own);
+    free(nullptr);
+    EXPECT_EQ(blocks_of_process() - before, 1);
+    free(other);
+    EXPECT_EQ(blocks_of_process() - before, 0);
+}
+
 TEST_F(MemoryBooks, OnlyTheLibraryIsRefused)
 {
     refuse_allocation(1, true);
