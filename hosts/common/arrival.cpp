@@ -3,7 +3,9 @@
 #include "guard.h"
 #include "message.h"
 
+#include <cstring>
 #include <optional>
+#include <string>
 #include <utility>
 
 namespace host {
@@ -24,13 +26,13 @@ Message arriving(const Arrival &arrival, const User &receiver)
 // Finds the method by its name. Without one, the message has a name for the report at least.
 bool find_named_method(Message &message, const Arrival &arrival)
 {
-    message.method.name = arrival.method.c_str();
+    message.method.name = arrival.method;
     const Interface *interface = find_interface(arrival.interface);
     if (!interface || interface->withdrawn)
         return false;
     const MethodRecord *records = method_records(interface->block.get());
     for (uint32_t i = 0; i < interface->count; i++) {
-        if (!records[i].name || arrival.method != records[i].name)
+        if (!records[i].name || strcmp(arrival.method, records[i].name) != 0)
             continue;
         const MethodRecord *record = find_method(*interface, i, __func__);
         if (!record)
@@ -86,7 +88,7 @@ void receive_request(const User &server, const Arrival &arrival, bool awaits_ans
 void report_refusal(const User &server, const Arrival &arrival, const char *reason)
 {
     Message message = arriving(arrival, server);
-    message.method.name = arrival.method.c_str();
+    message.method.name = arrival.method;
     report_message(Kind::undeliverable, GORVANET_BODY_REQUEST, message, {}, 0, reason);
 }
 

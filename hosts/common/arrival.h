@@ -9,17 +9,17 @@
 #include <cstdint>
 #include <memory>
 #include <span>
-#include <string>
 
 namespace host {
 
 // The longest body that is sent or taken. The library's own are shorter by far.
 constexpr uint32_t largest_body = 65536;
 
+// The texts are the caller's, and none of them is null.
 struct Arrival {
-    std::string sender; // for the reports; of a notification the name of the user that it comes from
-    std::string interface;
-    std::string method;
+    const char *sender; // for the reports; of a notification the name of the user that it comes from
+    const char *interface;
+    const char *method;
     std::span<const uint8_t> bytes;
 };
 

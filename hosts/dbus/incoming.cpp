@@ -22,7 +22,7 @@ uint32_t to_number(void *pointer)
     return static_cast<uint32_t>(reinterpret_cast<uintptr_t>(pointer));
 }
 
-std::string present(const char *text)
+const char *present(const char *text)
 {
     return text ? text : "";
 }
@@ -48,7 +48,7 @@ host::Arrival arrival_of(sd_bus_message *message)
 // ---- Who may send ---------------------------------------------------------------------------------------------------
 
 // The bus is asked once for each connection that sends; it never gives a unique name away twice.
-std::optional<uint32_t> uid_of_sender(Connection &connection, sd_bus_message *call, const std::string &sender)
+std::optional<uint32_t> uid_of_sender(Connection &connection, sd_bus_message *call, const char *sender)
 {
     constexpr size_t most_remembered = 1024;
     auto found = connection.uids.find(sender);
@@ -76,10 +76,10 @@ bool may_send(Connection &connection, sd_bus_message *call, const host::User &us
     if (!current_check)
         return *uid == 0 || *uid == geteuid();
     gorvanet_dbus_sender sender = {.uid = *uid,
-                                   .bus_name = arrival.sender.c_str(),
+                                   .bus_name = arrival.sender,
                                    .user = user.name.c_str(),
-                                   .interface = arrival.interface.c_str(),
-                                   .method = arrival.method.c_str()};
+                                   .interface = arrival.interface,
+                                   .method = arrival.method};
     return current_check(check_data, &sender) != 0;
 }
 
@@ -98,7 +98,7 @@ int take_request(sd_bus_message *call, void *number, bool awaits_answer)
         return 0;
     host::Arrival arrival = arrival_of(call);
     // Peer and its kind: sd-bus knows them.
-    if (arrival.interface.empty())
+    if (!*arrival.interface)
         return 0;
     if (!may_send(*connection, call, *user, arrival)) {
         constexpr const char *reason = "the sender may not send this";
@@ -131,7 +131,7 @@ bool took_error(sd_bus_message *reply, uint32_t number)
         host::receive_failure(number, GORVANET_BODY_REQUEST, "there is no user of this name");
     } else {
         bool unanswered = sd_bus_error_has_name(error, SD_BUS_ERROR_NO_REPLY);
-        std::string reason = present(error->name) + ": " + present(error->message);
+        std::string reason = std::string(present(error->name)) + ": " + present(error->message);
         host::receive_failure(number, unanswered ? GORVANET_BODY_RESPONSE : GORVANET_BODY_REQUEST, reason.c_str());
     }
     return true;
@@ -158,7 +158,8 @@ int on_signal(sd_bus_message *signal, void *data, sd_bus_error *) noexcept
     auto bytes = body_of(signal);
     if (!user || !bytes || sd_bus_message_get_destination(signal))
         return 0;
-    receive_notification(*user, {subscription.from, subscription.interface, subscription.method, *bytes});
+    receive_notification(
+        *user, {subscription.from.c_str(), subscription.interface.c_str(), subscription.method.c_str(), *bytes});
     return 0;
 }
 

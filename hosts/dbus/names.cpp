@@ -53,9 +53,10 @@ std::string bus_interface(const std::string &interface)
     return std::string(interfaces_prefix) + interface;
 }
 
-std::string interface_of(const std::string &bus_interface)
+const char *interface_of(const char *bus_interface)
 {
-    return bus_interface.starts_with(interfaces_prefix) ? bus_interface.substr(interfaces_prefix.size()) : "";
+    bool known = std::string_view(bus_interface).starts_with(interfaces_prefix);
+    return known ? bus_interface + interfaces_prefix.size() : "";
 }
 
 } // namespace dbus

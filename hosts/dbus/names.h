@@ -23,9 +23,9 @@ bool user_of(const std::string &bus_name, std::string &user);
 // The object that a user's notifications come from.
 std::string path_of(const std::string &user);
 
-// An interface of the library, "GorvaNetCmd" say, on the bus and back. Back: empty when it is none.
+// An interface of the library, "GorvaNetCmd" say, on the bus and back. Back: its end, empty when it is none.
 std::string bus_interface(const std::string &interface);
-std::string interface_of(const std::string &bus_interface);
+const char *interface_of(const char *bus_interface);
 
 } // namespace dbus
 

@@ -324,7 +324,7 @@ TEST_F(TestingTest, LooseEndsAreCounted)
     gorvanet_testing_reply_setOsIfc(service, 0);
     gorvanet_loopback_fail(GORVANET_LOOPBACK_FAIL_DETACH, 0, 1); // does not happen
     gorvaNet_sendReq_setDhcp(client, take_nothing, nullptr, this, "service", "eth0", 1);
-    gorvanet_loopback_run(); // stays unanswered
+    gorvanet_loopback_run();                                                             // stays unanswered
     gorvaNet_sendReq_setDhcp(client, take_nothing, nullptr, this, "service", "eth0", 1); // stays queued
     EXPECT_EQ(gorvanet_testing_end(), 5u);
     EXPECT_EQ(gorvanet_testing_end(), 0u);
