@@ -13,10 +13,12 @@
 #include "screen.h"
 #include "service.h"
 
+#include <charconv>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <string>
+#include <system_error>
 #include <systemd/sd-daemon.h>
 #include <systemd/sd-event.h>
 #include <unistd.h>
@@ -30,16 +32,22 @@ struct Options {
     uint32_t allowed = 0; // a user besides root and this process's own
 };
 
+template <typename Number> bool parse_number(const std::string &text, Number &number)
+{
+    auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    return error == std::errc() && end == text.data() + text.size();
+}
+
 bool parse(int count, char **arguments, Options &options)
 {
     for (int i = 1; i < count; i++) {
         std::string argument = arguments[i];
         if (argument == "--wire")
             options.wire = true;
-        else if (argument == "--ready" && i + 1 < count)
-            options.ready = atoi(arguments[++i]);
-        else if (argument == "--allow" && i + 1 < count)
-            options.allowed = static_cast<uint32_t>(atoi(arguments[++i]));
+        else if (argument == "--ready" && i + 1 < count && parse_number(arguments[i + 1], options.ready))
+            i++;
+        else if (argument == "--allow" && i + 1 < count && parse_number(arguments[i + 1], options.allowed))
+            i++;
         else if (argument.starts_with("-") || !options.role.empty())
             return false;
         else
