@@ -75,8 +75,7 @@ void Input::fill_plain(const Field &field, uint8_t *at)
             at[i] = static_cast<uint8_t>(1 + (first + i) % 255);
         return;
     }
-    uint32_t value = number();
-    memcpy(at, &value, field.kind == Kind::u32 ? 4 : 1);
+    store(field.kind, at, number());
 }
 
 uint32_t Input::count(uint32_t capacity)

@@ -50,8 +50,7 @@ private:
                 at[i] = static_cast<uint8_t>('a' + (last_++ % 26));
             return;
         }
-        uint32_t value = 0x81020304 + 0x01010101 * last_++;
-        memcpy(at, &value, field.kind == Kind::u32 ? 4 : 1);
+        store(field.kind, at, 0x81020304 + 0x01010101 * last_++);
     }
 
     void nested(const Field &field, uint8_t *record)
@@ -210,8 +209,7 @@ private:
         uint32_t length = word(at_ + 4);
         if (!expect(word(at_) == tag))
             return false;
-        uint32_t value = word(at_ + 8);
-        memcpy(to, &value, kind == Kind::u32 ? 4 : 1); // the low byte is the first one here
+        store(kind, to, word(at_ + 8));
         return next({.offset = at_, .header = 8, .length = length, .needed = 4, .capacity = 4});
     }
 

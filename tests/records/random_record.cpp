@@ -59,7 +59,7 @@ void RandomRecords::fill(const Layout &layout, void *record)
         if (field.kind == Kind::text)
             fill_text(begin + field.offset, field.capacity);
         else if (!field.element)
-            memcpy(begin + field.offset, &value, reference::size_of_number(field.kind));
+            store(field.kind, begin + field.offset, value);
         if (!field.element)
             continue;
         uint32_t elements = field.kind == Kind::list ? field.capacity : 1;

@@ -194,8 +194,7 @@ private:
             if (word_at(item + 8) % 0x10000 != field.capacity)
                 return bad_field;
         } else {
-            uint32_t value = word_at(item + 8);
-            memcpy(at, &value, size_of_number(field.kind)); // the low byte is the first one here
+            store(field.kind, at, word_at(item + 8));
         }
         result.cursor = item + 8 + word_at(item + 4);
         return 0;
@@ -222,7 +221,7 @@ private:
             lines.bad_pointer(value);
             return bad_pointer;
         }
-        memcpy(to, &value, 4); // the low half is the first one here
+        store(Kind::u32, to, static_cast<uint32_t>(value));
         result.cursor = item + 16 + word_at(item + 12);
         return 0;
     }

@@ -7,6 +7,7 @@
 #include "expected_lines.h"
 #include "wire.h"
 
+#include <cstring>
 #include <optional>
 
 namespace reference {
@@ -48,6 +49,16 @@ struct Layout {
     std::string encoder = name + "_serialize";
     std::string decoder = name + "_unserialize";
 };
+
+// Puts a number into a field of this kind, which takes the bits that fit.
+inline void store(Kind kind, void *field, uint32_t number)
+{
+    auto low_byte = static_cast<uint8_t>(number);
+    if (kind == Kind::u8 || kind == Kind::s8)
+        memcpy(field, &low_byte, sizeof low_byte);
+    else if (kind == Kind::u32 || kind == Kind::wide)
+        memcpy(field, &number, sizeof number);
+}
 
 // A text whose length is said to be another one.
 struct Pretence {
