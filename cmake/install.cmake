@@ -1,5 +1,5 @@
 # What `cmake --install` puts where: component `runtime` is what a process needs that runs with the library, component
-# `development` what is needed to build one.
+# `development` what is needed to build one, component `tools` what people look at a bus with.
 
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
@@ -41,3 +41,17 @@ install(EXPORT gorvanet-targets NAMESPACE Gorvanet::
 write_basic_package_version_file(gorvanet-config-version.cmake COMPATIBILITY SameMajorVersion)
 install(FILES packaging/gorvanet-config.cmake ${PROJECT_BINARY_DIR}/gorvanet-config-version.cmake
   DESTINATION ${gorvanet_cmake_dir} COMPONENT development)
+
+# The commands find the rest from where they are.
+install(PROGRAMS tools/decode/gorvanet-decode
+  DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT tools)
+install(DIRECTORY tools/decode/gorvanet_decode
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/gorvanet COMPONENT tools FILES_MATCHING PATTERN *.py PATTERN __pycache__ EXCLUDE)
+install(FILES interface/gorvanet.json tools/wireshark/gorvanet.lua
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/gorvanet COMPONENT tools)
+if(TARGET gorvanet_trace)
+  install(TARGETS gorvanet_trace
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/gorvanet COMPONENT tools)
+  install(PROGRAMS tools/trace/gorvanet-trace
+    DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT tools)
+endif()

@@ -5,8 +5,9 @@
 # installed where everybody looks, PKG_CONFIG_PATH, CMAKE_PREFIX_PATH and LD_LIBRARY_PATH say where it is. One line for
 # each check.
 set -euo pipefail
+. "$(dirname "$0")/checks.sh"
 
-way=$1
+subject=$1
 tree=$(realpath "$2")
 consumer=$tree/tests/package/consumer
 examples=$tree/examples
@@ -18,25 +19,6 @@ read -ra cxx_flags <<<"${CXXFLAGS:-}"
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
 cd "$scratch"
-
-failures=0
-
-# check WHAT COMMAND...: shows what the command says only where it fails.
-check() {
-    local what=$1
-    shift
-    if "$@" >output 2>&1; then
-        echo "ok      $way: $what"
-    else
-        echo "FAILED  $way: $what"
-        sed 's/^/        /' output
-        failures=$((failures + 1))
-    fi
-}
-
-refused() {
-    ! "$@"
-}
 
 # ---- By pkg-config --------------------------------------------------------------------------------------------------
 
@@ -111,7 +93,7 @@ by_cmake() {
     check "a project in C and C++" build_project "C;CXX"
 }
 
-case $way in
+case $subject in
 pkg-config) by_pkg_config ;;
 cmake) by_cmake ;;
 *) exit 2 ;;
