@@ -8,8 +8,10 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-Process::Process(const std::function<int()> &work) : process_(fork())
+Process::Process(const std::function<int()> &work)
 {
+    fflush(nullptr); // what is not written yet would be written twice
+    process_ = fork();
     if (process_ < 0)
         throw std::runtime_error("no process");
     if (process_ > 0)
