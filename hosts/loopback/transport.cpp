@@ -43,7 +43,7 @@ void notify_all(Message &message)
 // The bytes with another first one, which is in the tag of the magic.
 host::Bytes damaged(const host::Bytes &bytes)
 {
-    auto *first = static_cast<const uint8_t *>(bytes.data.get());
+    const auto *first = static_cast<const uint8_t *>(bytes.data.get());
     auto copy = std::make_shared<std::vector<uint8_t>>(first, first + bytes.size);
     copy->front() ^= 0xff;
     return {{copy, copy->data()}, bytes.size};
