@@ -55,7 +55,7 @@ std::string RawPeer::ask_text(const char *method, const char *text)
 
 std::string RawPeer::finish(sd_bus_message *call)
 {
-    sd_bus_error error = SD_BUS_ERROR_NULL;
+    sd_bus_error error = {};
     sd_bus_message *reply = nullptr;
     std::string result;
     const void *bytes = nullptr;
