@@ -1,0 +1,7 @@
+# Another machine, for scripts/machines: GORVANET_MACHINE is its triplet, such as mips-linux-gnu.
+
+set(CMAKE_SYSTEM_NAME Linux)
+string(REGEX MATCH "^[a-z]+" CMAKE_SYSTEM_PROCESSOR "${GORVANET_MACHINE}")
+set(CMAKE_C_COMPILER ${GORVANET_MACHINE}-gcc)
+set(CMAKE_CXX_COMPILER ${GORVANET_MACHINE}-g++)
+set(CMAKE_TRY_COMPILE_PLATFORM_VARIABLES GORVANET_MACHINE)
