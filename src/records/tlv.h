@@ -331,8 +331,9 @@ void get_list(Reader &in, const uint32_t &count, Record (&records)[Capacity],
 template <typename Record, uint32_t Capacity>
 uint32_t list_items(const uint32_t &count, const Record (&records)[Capacity], uint32_t (*serialize_lg)(const Record *))
 {
+    const uint32_t valid = count < Capacity ? count : Capacity;
     uint32_t size = 0;
-    for (uint32_t i = 0; i < count && i < Capacity; i++)
+    for (uint32_t i = 0; i < valid; i++)
         size += serialize_lg(&records[i]);
     return size;
 }
