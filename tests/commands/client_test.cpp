@@ -235,24 +235,24 @@ TEST_P(ReceiveResponseTest, LooksAtTheBodyBeforeTheContext)
     receiver(ignored, nullptr, nullptr);
     EXPECT_EQ(take_log(), LogLines{logged(3, function("recvRes").c_str(), "Ctx[NULL] text[%s]\n", "")});
 
-    body[0] = static_cast<uint8_t>(body[0] ^ 1);
-    uint32_t found = method().magic ^ 1;
+    const uint32_t found = method().magic ^ 1;
+    set_magic(body.data(), found);
     EXPECT_TRUE(aborts([this] { receiver(ignored, nullptr, body.data()); }));
     EXPECT_EQ(take_log(), LogLines{magic_line(found)});
 }
 
 TEST_P(ReceiveResponseTest, AbortsOnAForeignMagic)
 {
-    body[0] = static_cast<uint8_t>(body[0] ^ 1);
-    uint32_t found = method().magic ^ 1;
+    const uint32_t found = method().magic ^ 1;
+    set_magic(body.data(), found);
     EXPECT_TRUE(aborts([this] { receiver(ignored, context.data(), body.data()); }));
     EXPECT_EQ(take_log(), LogLines{magic_line(found)});
 }
 
 TEST_P(ReceiveResponseTest, AbortsOnAForeignMagicBeforeItLooksForTheCallback)
 {
-    body[3] = static_cast<uint8_t>(body[3] ^ 0x80);
-    uint32_t found = method().magic ^ 0x80000000;
+    const uint32_t found = method().magic ^ 0x80000000;
+    set_magic(body.data(), found);
     context[0] = 0;
     EXPECT_TRUE(aborts([this] { receiver(ignored, context.data(), body.data()); }));
     EXPECT_EQ(take_log(), LogLines{magic_line(found)});

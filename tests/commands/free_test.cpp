@@ -39,11 +39,6 @@ protected:
         *reinterpret_cast<uint16_t *>(static_cast<char *>(body) + 4) = flag;
     }
 
-    void set_magic(uint32_t magic)
-    {
-        *static_cast<uint32_t *>(body) = magic;
-    }
-
     LogLine magic_line(uint32_t found)
     {
         return logged(0, callbacks->log_name("freeBody").c_str(),
@@ -85,7 +80,7 @@ TEST_P(FreeTest, LeavesABodyWithASetFlagAlone)
 TEST_P(FreeTest, AbortsOnAForeignMagic)
 {
     uint32_t foreign = method().magic ^ 0x10000;
-    set_magic(foreign);
+    set_magic(body, foreign);
     EXPECT_TRUE(aborts([this] { call(body); }));
     EXPECT_EQ(take_log(), LogLines{magic_line(foreign)});
     EXPECT_EQ(take_freed().size(), 0u);
@@ -94,14 +89,14 @@ TEST_P(FreeTest, AbortsOnAForeignMagic)
 
 TEST_P(FreeTest, AbortsOnABodyThatIsOnItsWayToFreeAlready)
 {
-    set_magic(0xdeadbeef);
+    set_magic(body, 0xdeadbeef);
     EXPECT_TRUE(aborts([this] { call(body); }));
     EXPECT_EQ(take_log(), LogLines{magic_line(0xdeadbeef)});
 }
 
 TEST_P(FreeTest, ForAForeignMagicWithASetFlagTheOrderOfTheChecksCounts)
 {
-    set_magic(1);
+    set_magic(body, 1);
     set_flag(1);
     EXPECT_EQ(aborts([this] { call(body); }), magic_first());
     EXPECT_EQ(take_log(), magic_first() ? LogLines{magic_line(1)} : LogLines{});

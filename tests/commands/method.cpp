@@ -56,6 +56,11 @@ void *sent_body()
     return reinterpret_cast<void *>(calls.back().words[1]);
 }
 
+void set_magic(void *body, uint32_t magic)
+{
+    memcpy(body, &magic, sizeof magic);
+}
+
 void take_over(const std::string &function, Bytes &held)
 {
     answer(function, [&held](const Words &words) {

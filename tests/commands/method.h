@@ -125,6 +125,9 @@ inline const char *const server = "service";
 // The body that the last sending function handed to the bus; takes the calls.
 void *sent_body();
 
+// Gives a body in memory another magic.
+void set_magic(void *body, uint32_t magic);
+
 // Makes this function of the bus keep what the body it is handed holds at that moment, and overwrite the body.
 void take_over(const std::string &function, Bytes &held);
 

@@ -53,16 +53,16 @@ TEST_P(ReceiveTest, ANullBodyWithoutAHandlerIsNotAnswered)
 
 TEST_P(ReceiveTest, AbortsOnAForeignMagic)
 {
-    body[0] = static_cast<uint8_t>(body[0] ^ 1);
-    uint32_t found = method().magic ^ 1;
+    const uint32_t found = method().magic ^ 1;
+    set_magic(body.data(), found);
     EXPECT_TRUE(aborts([this] { receive(body.data(), method().handler); }));
     EXPECT_EQ(take_log(), LogLines{magic_line(found)});
 }
 
 TEST_P(ReceiveTest, AbortsOnAForeignMagicBeforeItLooksForTheHandler)
 {
-    body[3] = static_cast<uint8_t>(body[3] ^ 0x80);
-    uint32_t found = method().magic ^ 0x80000000;
+    const uint32_t found = method().magic ^ 0x80000000;
+    set_magic(body.data(), found);
     EXPECT_TRUE(aborts([this] { receive(body.data(), nullptr); }));
     EXPECT_EQ(take_log(), LogLines{magic_line(found)});
 }

@@ -242,7 +242,7 @@ TEST_P(RecordTest, IsLeftAloneInABodyThatIsKeptOrForeign)
     EXPECT_EQ(probe().clean.calls, 0u);
 
     set_flag(body, 0);
-    *static_cast<uint32_t *>(body) = 1;
+    set_magic(body, 1);
     EXPECT_TRUE(aborts([&] { callbacks->free_body(GetParam().type, body); }));
     EXPECT_EQ(take_log().size(), 1u);
     EXPECT_EQ(probe().clean.calls, 0u);

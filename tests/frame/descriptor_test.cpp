@@ -115,7 +115,7 @@ TEST_F(Descriptor, TheCommandBlockFollows)
     EXPECT_EQ(words[2], 0x24142721u);
     EXPECT_EQ(text_at(words[3]), "GorvaNetCmd");
     EXPECT_EQ(words[4], symbol("gorvaNet_cbEvtMsgMngt_unreg_msgCmd"));
-    EXPECT_EQ(words[5], 0x000cffffu);
+    EXPECT_EQ(words[5], word_of_numbers(0xffff, 12));
 }
 
 TEST_F(Descriptor, TheNotificationBlockFollowsTheTwelveCommandRows)
@@ -124,7 +124,7 @@ TEST_F(Descriptor, TheNotificationBlockFollowsTheTwelveCommandRows)
     EXPECT_EQ(words[102], 0x24142722u);
     EXPECT_EQ(text_at(words[103]), "GorvaNetNtfy");
     EXPECT_EQ(words[104], symbol("gorvaNet_cbEvtMsgMngt_unreg_msgNtfy"));
-    EXPECT_EQ(words[105], 0x0001ffffu);
+    EXPECT_EQ(words[105], word_of_numbers(0xffff, 1));
 }
 
 TEST_F(Descriptor, DebugStateAndFlagsAreZeroAtFirst)
@@ -134,11 +134,11 @@ TEST_F(Descriptor, DebugStateAndFlagsAreZeroAtFirst)
     EXPECT_EQ(words[115], 0u);
 }
 
-TEST_F(Descriptor, StateAndFlagsAreTheTwoLowBytesOfTheLastWord)
+TEST_F(Descriptor, StateAndFlagsAreTheFirstTwoBytesOfTheLastWord)
 {
     gorvaNet_base.state = 0x12;
     gorvaNet_base.flags = 0x34;
-    EXPECT_EQ(words_of_base()[115], 0x3412u);
+    EXPECT_EQ(words_of_base()[115], word_of_bytes(0x12, 0x34));
 }
 
 TEST_P(DescriptorRow, HoldsTheMethodsFunctionsNameAndIndex)

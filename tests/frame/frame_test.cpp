@@ -28,6 +28,17 @@ void set_word_of_base(size_t place, uint32_t word)
     memcpy(reinterpret_cast<char *>(&gorvaNet_base) + 4 * place, &word, sizeof word);
 }
 
+uint32_t word_of_numbers(uint32_t first, uint32_t second)
+{
+    return std::bit_cast<uint32_t>(std::array{static_cast<uint16_t>(first), static_cast<uint16_t>(second)});
+}
+
+uint32_t word_of_bytes(uint32_t first, uint32_t second)
+{
+    return std::bit_cast<uint32_t>(
+        std::array<uint8_t, 4>{static_cast<uint8_t>(first), static_cast<uint8_t>(second), 0, 0});
+}
+
 Words filled(const BaseWords &base, size_t place, size_t methods)
 {
     Words block = {base[place + 1], base[place + 2], untouched};

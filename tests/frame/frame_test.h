@@ -35,6 +35,10 @@ using BaseWords = std::array<uint32_t, base_words>;
 BaseWords words_of_base();
 void set_word_of_base(size_t place, uint32_t word);
 
+// The word that two 16-bit numbers make, and that two bytes and two zero bytes make, in the order of their addresses.
+uint32_t word_of_numbers(uint32_t first, uint32_t second);
+uint32_t word_of_bytes(uint32_t first, uint32_t second);
+
 // The words of a block as they must be once the interface at `place` of the descriptor has registered.
 Words filled(const BaseWords &base, size_t place, size_t methods);
 

@@ -148,8 +148,8 @@ void answer_start(const Grant &cmd, const Grant &ntfy, uint32_t hook)
 BaseWords expected_words(const BaseWords &at_first, const Frame &frame)
 {
     BaseWords words = at_first;
-    words[5] = 0x000c0000 | frame.cmd;
-    words[105] = 0x00010000 | frame.ntfy;
-    words[115] = frame.flags << 8 | frame.state;
+    words[5] = word_of_numbers(frame.cmd, 12);
+    words[105] = word_of_numbers(frame.ntfy, 1);
+    words[115] = word_of_bytes(frame.state, frame.flags);
     return words;
 }

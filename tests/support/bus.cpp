@@ -28,6 +28,17 @@ uintptr_t called(const char *function, Words words, uintptr_t (*usual)(const Wor
     return usual ? usual(words) : 0;
 }
 
+// A 16-bit result. The upper half of its word is the caller's to ignore on i386, and never zero by luck; elsewhere the
+// callee has to clear it.
+uintptr_t number(uintptr_t result)
+{
+#ifdef __i386__
+    return result | 0xabcd0000;
+#else
+    return result & 0xffff;
+#endif
+}
+
 uintptr_t core_user(const Words &words)
 {
     return words[0] + 0x1000;
@@ -39,8 +50,7 @@ using W = uintptr_t;
 
 extern "C" {
 
-// Declared here with plain words, not with the library's own declarations: what arrives is what was passed. The upper
-// half of a 16-bit result is never zero by luck.
+// Declared here with plain words, not with the library's own declarations: what arrives is what was passed.
 W ruvo_addEvtBase(W a, W b);
 W zebCore_getBase_msgMngt(W a, W b, W c);
 W zebCore_putBase_msgMngt(W a, W b);
@@ -62,7 +72,7 @@ W ruvo_addEvtBase(W a, W b)
 
 W zebCore_getBase_msgMngt(W a, W b, W c)
 {
-    return called(__func__, {a, b, c}, hand_out_block) | 0xabcd0000;
+    return number(called(__func__, {a, b, c}, hand_out_block));
 }
 
 W zebCore_putBase_msgMngt(W a, W b)
