@@ -11,6 +11,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <ctime>
+#include <poll.h>
 #include <utility>
 
 namespace dbus {
@@ -19,6 +20,7 @@ namespace {
 
 constexpr uint64_t call_timeout = 5000000; // of calls to the bus itself, in microseconds
 constexpr uint64_t retry_interval = 200000;
+constexpr int leaving_timeout = 1000; // milliseconds
 constexpr const char *local_name = "org.freedesktop.DBus.Local";
 constexpr const char *local_path = "/org/freedesktop/DBus/Local";
 
@@ -143,11 +145,19 @@ int start(Connection &connection, const std::string &name)
     return result;
 }
 
+// Sends what is queued, unless the bus takes nothing any more: flushing alone would wait for it forever.
+void flush(sd_bus *bus)
+{
+    pollfd socket = {.fd = sd_bus_get_fd(bus), .events = POLLOUT, .revents = 0};
+    if (socket.fd >= 0 && poll(&socket, 1, leaving_timeout) > 0)
+        sd_bus_flush(bus);
+}
+
 void end(Connection &connection)
 {
     sd_event_source_unref(connection.retry);
     if (connection.bus)
-        sd_bus_flush(connection.bus);
+        flush(connection.bus);
     drop_bus(connection);
 }
 

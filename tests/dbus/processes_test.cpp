@@ -212,6 +212,19 @@ TEST_F(DBusProcesses, EndTheirRequestsWithTheirUser)
     EXPECT_EQ(only(GORVANET_DBUS_UNDELIVERABLE).text, "the user was removed before the answer");
 }
 
+TEST_F(DBusProcesses, LeaveABusThatTakesNothingAnyMore)
+{
+    client = join("client");
+    daemon.suspend();
+    constexpr uint32_t more_than_a_socket_holds = 30000;
+    for (uint32_t value = 0; value < more_than_a_socket_holds; value++)
+        ASSERT_NE(send_one_way(value), 0U);
+    alarm(20); // ends the test where leaving waits for the bus
+    EXPECT_EQ(gorvanet_dbus_remove_user(client), 0);
+    alarm(0);
+    EXPECT_EQ(count(GORVANET_DBUS_UNDELIVERABLE), more_than_a_socket_holds);
+}
+
 // Removed by its own handler: the client is told, by the bus or by the host.
 TEST_F(DBusProcesses, LetAHandlerRemoveItsUser)
 {
