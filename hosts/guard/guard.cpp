@@ -17,32 +17,30 @@ constexpr uint32_t wide_number_size = 8;
 
 using Bytes = std::span<const uint8_t>;
 
-// The first four or eight of these bytes, which are there.
-
-uint32_t big_endian_32(Bytes bytes)
+uint32_t big_endian_32(const uint8_t *bytes)
 {
     return uint32_t{bytes[0]} << 24 | uint32_t{bytes[1]} << 16 | uint32_t{bytes[2]} << 8 | bytes[3];
 }
 
-uint64_t big_endian_64(Bytes bytes)
+uint64_t big_endian_64(const uint8_t *bytes)
 {
-    return uint64_t{big_endian_32(bytes)} << 32 | big_endian_32(bytes.subspan(number_size));
+    return uint64_t{big_endian_32(bytes)} << 32 | big_endian_32(bytes + number_size);
 }
 
 // One pass over the items, in the order in which the decoder reads them. The first refusal sticks: behind it nothing is
-// read, and items have no value. Positions and lengths have 64 bits, so that no sum of them wraps.
+// read, and items have no value. Lengths are compared with what is left before they move anything, so nothing wraps.
 class Walk {
 public:
-    explicit Walk(Bytes bytes) : bytes_(bytes)
+    explicit Walk(Bytes bytes) : begin_(bytes.data()), next_(begin_), end_(begin_ + bytes.size()), item_(begin_)
     {
     }
 
     void prologue(const Layout &layout)
     {
-        uint64_t magic = number(0, "magic");
+        uint32_t magic = number(0, "magic");
         if (magic != layout.magic)
             refuse(Reason::wrong_magic, magic, layout.magic);
-        uint64_t version = number(1, "version") & 0xffff;
+        uint32_t version = number(1, "version") & 0xffff;
         if (version != layout.version)
             refuse(Reason::wrong_version, version, layout.version);
     }
@@ -55,9 +53,9 @@ public:
 
     Verdict finish()
     {
-        if (!refused() && position_ < bytes_.size()) {
+        if (!refused() && next_ < end_) {
             begin_item("");
-            refuse(Reason::bytes_left_over, bytes_.size() - position_, 0);
+            refuse(Reason::bytes_left_over, left(), 0);
         }
         return verdict_;
     }
@@ -81,65 +79,77 @@ private:
         }
     }
 
-    uint64_t number(uint32_t tag, const char *name)
+    [[gnu::always_inline]] uint32_t number(uint32_t tag, const char *name)
     {
-        Bytes value = item(tag, name, header_size, number_size);
-        return refused() ? 0 : big_endian_32(value);
+        const uint8_t *value = item(tag, name, header_size, number_size).value;
+        return value ? big_endian_32(value) : 0;
     }
 
     void wide(const Field &field)
     {
-        Bytes value = item(field.tag, field.name, wide_header_size, wide_number_size);
-        uint64_t pointer = refused() ? 0 : big_endian_64(value);
+        const uint8_t *value = item(field.tag, field.name, wide_header_size, wide_number_size).value;
+        uint64_t pointer = value ? big_endian_64(value) : 0;
         if (pointer > UINT32_MAX)
             refuse(Reason::large_pointer, pointer, UINT32_MAX);
     }
 
     void text(const Field &field)
     {
-        Bytes value = item(field.tag, field.name, header_size, 1);
-        auto end = std::find(value.begin(), value.end(), 0);
-        auto size = static_cast<uint64_t>(end - value.begin()) + 1;
-        if (end == value.end())
-            refuse(Reason::endless_text, value.size(), 0);
+        Item item = this->item(field.tag, field.name, header_size, 1);
+        if (!item.value)
+            return;
+        const uint8_t *nul = std::find(item.value, item.value + item.length, 0);
+        size_t size = static_cast<size_t>(nul - item.value) + 1;
+        if (size > item.length)
+            refuse(Reason::endless_text, item.length, 0);
         else if (size > field.capacity)
             refuse(Reason::long_text, size, field.capacity);
     }
 
     void list(const Field &field)
     {
-        uint64_t count = std::min<uint64_t>(number(field.tag, field.name), field.capacity);
-        for (uint64_t i = 0; i < count && !refused(); i++)
+        uint32_t count = std::min(number(field.tag, field.name), field.capacity);
+        for (uint32_t i = 0; i < count && !refused(); i++)
             fields(field.members);
     }
 
-    // The value of the next item, which shall have this tag and hold what the decoder reads of it.
-    Bytes item(uint64_t tag, const char *name, uint32_t header, uint32_t needed)
+    struct Item {
+        const uint8_t *value; // null: refused, now or earlier
+        uint32_t length;
+    };
+
+    // The next item, which shall have this tag and hold what the decoder reads of it. Inline, or most of the time that a
+    // body takes goes into calls.
+    [[gnu::always_inline]] Item item(uint32_t tag, const char *name, uint32_t header, uint32_t needed)
     {
         if (refused())
             return {};
         begin_item(name);
-        Bytes rest = bytes_.subspan(static_cast<size_t>(position_));
-        if (rest.size() < header)
-            return refuse(Reason::cut_header, rest.size(), header);
-        uint64_t found = header == wide_header_size ? big_endian_64(rest) : big_endian_32(rest);
+        if (left() < header)
+            return refuse(Reason::cut_header, left(), header);
+        uint64_t found = header == wide_header_size ? big_endian_64(next_) : big_endian_32(next_);
         if (found != tag)
             return refuse(Reason::wrong_tag, found, tag);
         // Of the length of a wide item the low half counts.
-        uint32_t length = big_endian_32(rest.subspan(header - number_size));
-        uint64_t left = rest.size() - header;
-        if (length > left)
-            return refuse(Reason::cut_value, left, length);
+        uint32_t length = big_endian_32(next_ + header - number_size);
+        if (length > left() - header)
+            return refuse(Reason::cut_value, left() - header, length);
         if (length < needed)
             return refuse(Reason::short_value, length, needed);
-        position_ += header + length;
-        return rest.subspan(header, length);
+        const uint8_t *value = next_ + header;
+        next_ = value + length;
+        return {value, length};
     }
 
     void begin_item(const char *name)
     {
-        verdict_.offset = position_;
-        verdict_.field = name;
+        item_ = next_;
+        name_ = name;
+    }
+
+    size_t left() const
+    {
+        return static_cast<size_t>(end_ - next_);
     }
 
     bool refused() const
@@ -147,18 +157,18 @@ private:
         return !verdict_.sound();
     }
 
-    Bytes refuse(Reason reason, uint64_t found, uint64_t expected)
+    [[gnu::cold, gnu::noinline]] Item refuse(Reason reason, uint64_t found, uint64_t expected)
     {
-        if (!refused()) {
-            verdict_.reason = reason;
-            verdict_.found = found;
-            verdict_.expected = expected;
-        }
+        if (!refused())
+            verdict_ = {reason, static_cast<uint64_t>(item_ - begin_), name_, found, expected};
         return {};
     }
 
-    Bytes bytes_;
-    uint64_t position_ = 0;
+    const uint8_t *begin_;
+    const uint8_t *next_;
+    const uint8_t *end_;
+    const uint8_t *item_; // the one that is looked at, and its name
+    const char *name_ = "";
     Verdict verdict_;
 };
 
