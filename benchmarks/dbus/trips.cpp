@@ -56,10 +56,11 @@ struct Plain {
     sd_bus *bus = nullptr;
 };
 
+// On the thread's default event loop, as the host is: sd-event asks for the thread at each turn of such a loop.
 Plain connect(const std::string &address)
 {
     Plain plain;
-    checked(sd_event_new(&plain.event), "event loop");
+    checked(sd_event_default(&plain.event), "event loop");
     checked(sd_bus_new(&plain.bus), "bus");
     checked(sd_bus_set_address(plain.bus, address.c_str()), "address");
     checked(sd_bus_set_bus_client(plain.bus, true), "client");
