@@ -17,7 +17,8 @@ LogLines &kept()
     return lines;
 }
 
-// Formats the part behind the beginning.
+// Formats the part behind the beginning: what the library gave, so never a literal.
+#pragma GCC diagnostic ignored "-Wformat-nonliteral"
 std::string formatted(const char *format, va_list arguments)
 {
     char text[1024];

@@ -351,7 +351,7 @@ TEST_F(TestingTest, ANewTestKnowsNothingOfTheOneBefore)
 
 // ---- The log --------------------------------------------------------------------------------------------------------
 
-void log_by_list(bool fortified, const char *format, ...)
+[[gnu::format(printf, 2, 3)]] void log_by_list(bool fortified, const char *format, ...)
 {
     va_list arguments;
     va_start(arguments, format);
