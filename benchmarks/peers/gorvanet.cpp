@@ -1,4 +1,4 @@
-// The library itself, as serializeBody uses it: a new zeroed buffer of the exact size for each message.
+// The library itself: a new zeroed buffer of the exact size for each message.
 
 #include "harness.h"
 

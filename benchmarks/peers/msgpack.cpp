@@ -1,5 +1,5 @@
 // MessagePack: a record is an array of its fields, a list an array of records. Once into a buffer that is reused, and
-// once as the library has it: the exact size first, then a message of its own from the heap.
+// as the library has it: the exact size first, then a message of its own from the heap, cleared or not.
 
 #include "fields.h"
 #include "harness.h"
@@ -163,7 +163,13 @@ template <typename Workload> struct Reused {
     }
 };
 
-template <typename Workload> struct ExactSize {
+void *zeroed(size_t size)
+{
+    return calloc(1, size);
+}
+
+// A message of its own for each record, from the heap.
+template <typename Workload, void *(*Allocate)(size_t)> struct ExactSize {
     using Record = typename Workload::Record;
     static constexpr bool round_trips = true;
 
@@ -174,7 +180,7 @@ template <typename Workload> struct ExactSize {
         free(message);
         Sizer sizer;
         sizer.record(0, record);
-        message = static_cast<char *>(malloc(sizer.size));
+        message = static_cast<char *>(Allocate(sizer.size));
         Encoder out = {message};
         out.record(0, record);
     }
@@ -185,7 +191,14 @@ template <typename Workload> struct ExactSize {
     }
 };
 
+template <typename Workload> struct FromMalloc : ExactSize<Workload, malloc> {
+};
+
+template <typename Workload> struct FromCalloc : ExactSize<Workload, zeroed> {
+};
+
 const Timed<Reused> timed_reused("MessagePack");
-const Timed<ExactSize> timed_exact_size("MessagePack, exact size from the heap");
+const Timed<FromMalloc> timed_from_malloc("MessagePack, exact size from malloc");
+const Timed<FromCalloc> timed_from_calloc("MessagePack, exact size from calloc");
 
 } // namespace

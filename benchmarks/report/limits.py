@@ -25,5 +25,5 @@ TEXT_SECTION = 49_152
 LINEAR = 2.0
 
 # Time of the library in proportion to this peer's.
-RATIO_TO = "MessagePack, exact size from the heap"
+RATIO_TO = "MessagePack, exact size from calloc"
 RATIOS = {"W1": 1.6, "W2": 1.6, "W3": 1.6, "W4": 1.1, "W5": 1.0, "W6": 1.0}
