@@ -149,6 +149,12 @@ class Capture(Command):
             (good | {"packet": {"direction": "request"}}, "message 1: packet: side is missing"),
             (good | {"packet": good["packet"] | {"side": "left"}}, "message 1: packet: "),
             (good | {"packet": good["packet"] | {"method": 1 << 16}}, "message 1: packet: "),
+            (good | {"packet": good["packet"] | {"method": 6.5}}, "message 1: packet: "),
+            (good | {"packet": good["packet"] | {"request": float("inf")}}, "message 1: packet: "),
+            (good | {"packet": good["packet"] | {"time": "-1.5"}}, "message 1: packet: time '-1.5' is no number"),
+            (good | {"packet": good["packet"] | {"time": "1.9999999999"}}, "message 1: packet: time "),
+            (good | {"packet": good["packet"] | {"time": "4294967296"}}, "message 1: packet: "),
+            (good | {"packet": good["packet"] | {"time": 1}}, "message 1: packet: "),
             (good | {"packet": good["packet"] | {"user": "x" * 70000}}, "message 1: packet: "),
         ):
             with self.subTest(expected):

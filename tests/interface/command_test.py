@@ -150,6 +150,30 @@ class Script(Command):
         self.assertEqual(result.stdout.decode(), "SetDhcp request, 52 bytes\n0\n")
         self.assertEqual(result.stderr, b"")
 
+    def test_an_output_that_takes_nothing(self) -> None:
+        document = json.dumps({"body": "SetMtu.request", "fields": {"mtu": 1400}})
+        for command, expected in (
+            ("--encode >/dev/full", "standard output: No space left on device"),
+            ("--encode --output binary >/dev/full", "standard output: No space left on device"),
+            ("--body SetMtu.request --input binary >/dev/full", "standard output: No space left on device"),
+            ("--encode >&-", "standard output is closed"),
+            ("--encode <&-", "standard input is closed"),
+        ):
+            with self.subTest(command):
+                shell = ["bash", "-c", f"'{DECODER}' {command}"]
+                result = subprocess.run(shell, input=document.encode(), capture_output=True, timeout=60)
+                self.assertEqual(result.stderr.decode(), f"gorvanet-decode: {expected}\n")
+                self.assertEqual(result.returncode, UNREADABLE)
+
+    def test_an_output_that_cannot_say_it(self) -> None:
+        text = json.dumps({"body": "SetOsIfc.request", "fields": {"ifName": "\u20ac"}})
+        given = run("--encode", "--output", "binary", given=text).stdout
+        arguments = [str(DECODER), "--input", "binary", "--body", "SetOsIfc.request"]
+        environment = os.environ | {"PYTHONIOENCODING": "ascii"}
+        result = subprocess.run(arguments, input=given, capture_output=True, timeout=60, env=environment)
+        self.assertEqual((result.returncode, result.stderr), (SOUND, b""))
+        self.assertIn(b'ifName   "\\u20ac"', result.stdout)
+
     def test_on_a_terminal(self) -> None:
         self.assertIn("\x1b", self.on_a_terminal({}))
         self.assertNotIn("\x1b", self.on_a_terminal({"NO_COLOR": "1"}))
@@ -204,6 +228,11 @@ class Input(Command):
         found = self.documents(run("--json", given=text))
         self.assertEqual([each["body"] for each in found], ["SetDhcp.request", "Configure.request"])
 
+    def test_a_comment_of_many_signs(self) -> None:
+        given = "#" * 100 + "\n" + VECTORS["SetDhcp.request"].hex()
+        self.assertEqual(self.documents(run("--json", given=given))[0]["body"], "SetDhcp.request")
+        self.assertEqual(run("--body", "SetDhcp.request", given="#" * 100 + "\nx").returncode, DAMAGED)
+
     def test_a_file(self) -> None:
         with tempfile.TemporaryDirectory() as folder:
             file = Path(folder) / "body"
@@ -222,11 +251,21 @@ class Input(Command):
         error = "gorvanet-decode: not pairs of hexadecimal digits: 123\n"
         self.expect(run("--input", "hex", given="123"), UNREADABLE, "", error)
 
+    def test_the_other_format_of_captures(self) -> None:
+        given = bytes.fromhex("0a0d0d0a0000001c1a2b3c4d00010000ffffffffffffffff0000001c")
+        error = "gorvanet-decode: a pcapng file: editcap -F pcap makes a capture of it\n"
+        self.expect(run(given=given), UNREADABLE, "", error)
+
     def test_bytes_that_may_be_two_bodies(self) -> None:
         error = "gorvanet-decode: these bytes may be SetMtu.request or SetMtu.response: say which with --body\n"
         self.expect(run(given=VECTORS["SetMtu.request"]), UNREADABLE, "", error)
         chosen = self.documents(run("--json", "--body", "SetMtu.response", given=VECTORS["SetMtu.request"]))
         self.assertEqual(chosen[0], {"body": "SetMtu.response", "fields": {"result": 1400}})
+
+    def test_bytes_that_begin_like_no_body(self) -> None:
+        error = "gorvanet-decode: no body begins like these bytes: say with --body which they are to be\n"
+        for given in (b"", b"\xff", "0x00 0x00", "ff" * 40):
+            self.expect(run(given=given), UNREADABLE, "", error)
 
     def test_a_method_is_enough_where_its_bodies_differ(self) -> None:
         found = self.documents(run("--json", "--body", "GetIPv4Props", given=VECTORS["GetIPv4Props.request"]))
@@ -290,6 +329,10 @@ class RoundTrip(Command):
         text = VECTORS["SetDhcp.request"].hex() + "\n\n" + VECTORS["Configure.request"].hex() + "\n"
         self.expect(run("--encode", given=run("--json", given=text).stdout), SOUND, text)
 
+    def test_very_many(self) -> None:
+        given = '{"body": "SetMtu.request", "fields": {"mtu": 1400}}\n' * 50000
+        self.assertEqual(len(run("--encode", "--output", "binary", given=given).stdout), 36 * 50000)
+
 
 class Json(Command):
     def test_damage(self) -> None:
@@ -302,9 +345,14 @@ class Json(Command):
         for given, expected in (
             ("{", "not JSON: "),
             ("[]", "message 1: a message is an object"),
+            ("[" * 100000, "not JSON: "),
             ("{}", "message 1: body: None is none of SetOsIfc.request, "),
             ('{"body": "SetMtu.request"}', "message 1: mtu: missing"),
             ('{"bytes": "0"}', "message 1: bytes: "),
+            ('{"body": "SetMtu.request", "fields": {"mtu": "0xg"}}', "message 1: mtu: '0xg' is no number "),
+            ('{"body": "SetOsIfc.request", "fields": {"ifName": "\\ud800"}}', "message 1: ifName: "),
+            ('{"record": "ipv6_prefixes", "fields": {"field3": "0x1", "prefixes": []}}', "message 1: prefixes: 0 el"),
+            ('{"bytes": "", "packet": "none"}', "message 1: packet: 'none' is no object"),
             ('{"record": "nothing"}', "message 1: record: 'nothing' is none of state_info, "),
             ('{"body": "SetDhcp.response"} {"body": "SetMtu.request"}', "message 2: mtu: missing"),
         ):

@@ -3,6 +3,7 @@
 from __future__ import annotations
 
 import argparse
+import io
 import json
 import os
 import re
@@ -14,7 +15,7 @@ from typing import Any
 from . import capture, message, tree
 from .capture import BadCapture
 from .description import Body, Interface, load
-from .message import Ambiguous, Message
+from .message import Ambiguous, Message, Unknown
 from .wire import CannotEncode
 
 SOUND, DAMAGED, UNREADABLE = 0, 1, 2
@@ -38,13 +39,22 @@ def main(arguments: list[str], description: Path) -> int:
     try:
         options = _parser().parse_args(arguments)
         interface = _load(description)
-        return _encode(interface, options) if options.encode else _decode(interface, options)
+        if not sys.stdout:
+            raise Unreadable("standard output is closed")
+        if isinstance(sys.stdout, io.TextIOWrapper):
+            sys.stdout.reconfigure(errors="backslashreplace")
+        status = _encode(interface, options) if options.encode else _decode(interface, options)
+        sys.stdout.flush()
+        return status
     except (Unreadable, BadCapture) as error:
         print(f"gorvanet-decode: {error}", file=sys.stderr)
         return UNREADABLE
-    except BrokenPipeError:
+    except OSError as error:
         os.dup2(os.open(os.devnull, os.O_WRONLY), sys.stdout.fileno())  # nothing more to flush
-        return SOUND
+        if isinstance(error, BrokenPipeError):
+            return SOUND
+        print(f"gorvanet-decode: standard output: {error.strerror}", file=sys.stderr)
+        return UNREADABLE
 
 
 def _parser() -> argparse.ArgumentParser:
@@ -77,6 +87,8 @@ def _load(description: Path) -> Interface:
 
 
 def _read(file: str) -> bytes:
+    if file == "-" and not sys.stdin:
+        raise Unreadable("standard input is closed")
     try:
         return sys.stdin.buffer.read() if file == "-" else Path(file).read_bytes()
     except OSError as error:
@@ -104,6 +116,8 @@ def _wants_colours() -> bool:
 
 def _messages(interface: Interface, options: argparse.Namespace) -> Iterator[Message]:
     data = _read(options.file)
+    if data[:4] == b"\n\r\r\n" and data[8:12] in (b"\x1a\x2b\x3c\x4d", b"\x4d\x3c\x2b\x1a"):
+        raise Unreadable("a pcapng file: editcap -F pcap makes a capture of it")
     kind = _kind(data) if options.input == "auto" else options.input
     if kind == "pcap":
         if not capture.is_capture(data):
@@ -117,7 +131,7 @@ def _messages(interface: Interface, options: argparse.Namespace) -> Iterator[Mes
 def _kind(data: bytes) -> str:
     if capture.is_capture(data):
         return "pcap"
-    return "hex" if re.fullmatch(rb"(\s|[0-9a-fA-F]|#.*)+", data) else "binary"
+    return "hex" if re.fullmatch(rb"(?:[\s0-9a-fA-F]|#.*(?:\n|\Z))+", data) else "binary"
 
 
 def _digits(data: bytes) -> Iterable[bytes]:
@@ -138,6 +152,8 @@ def _message(interface: Interface, options: argparse.Namespace, data: bytes) -> 
         return message.of_record(interface, options.record, data)
     try:
         return message.recognise(interface, _candidates(interface, options.body), data)
+    except Unknown:
+        raise Unreadable("no body begins like these bytes: say with --body which they are to be") from None
     except Ambiguous as names:
         raise Unreadable(f"these bytes may be {names}: say which with --body") from None
 
@@ -181,10 +197,16 @@ def _documents(data: bytes) -> Iterator[Any]:
     decoder = json.JSONDecoder()
     try:
         text = data.decode("utf-8")
-        at = len(text) - len(text.lstrip())
+        at = _behind_blanks(text, 0)
         while at < len(text):
             document, at = decoder.raw_decode(text, at)
-            at += len(text[at:]) - len(text[at:].lstrip())
+            at = _behind_blanks(text, at)
             yield document
-    except ValueError as error:
+    except (ValueError, RecursionError) as error:
         raise Unreadable(f"not JSON: {error}") from None
+
+
+def _behind_blanks(text: str, at: int) -> int:
+    while at < len(text) and text[at].isspace():
+        at += 1
+    return at

@@ -6,6 +6,7 @@ damaged, or not as the encoder writes it, has its `bytes`, which count more than
 
 from __future__ import annotations
 
+import re
 import struct
 from dataclasses import dataclass
 from typing import Any
@@ -40,6 +41,10 @@ class Ambiguous(Exception):
     """Names the bodies that the bytes may be."""
 
 
+class Unknown(Exception):
+    """No body begins like the bytes."""
+
+
 def of_record(interface: Interface, name: str, data: bytes) -> Message:
     return Message(name, data, wire.decode_record(interface.records[name], data), is_record=True)
 
@@ -62,6 +67,8 @@ def recognise(interface: Interface, candidates: list[Body], data: bytes) -> Mess
     readings = [of_body(interface, body, data) for body in candidates]
     best = max(map(_understood, readings))
     chosen = [reading for reading in readings if _understood(reading) == best]
+    if len(chosen) > 1 and best == 0:
+        raise Unknown
     if len(chosen) > 1:
         raise Ambiguous(" or ".join(reading.what for reading in chosen))
     return chosen[0]
@@ -151,21 +158,23 @@ def _find(table: dict[str, Any], name: Any, what: str) -> Any:
     return table[name]
 
 
-def _packet(document: dict[str, Any], data: bytes) -> Packet:
+def _packet(document: Any, data: bytes) -> Packet:
+    if not isinstance(document, dict):
+        raise CannotEncode(f"packet: {document!r} is no object")
     if document.get("problem"):
         raise CannotEncode(f"packet: it was not whole ({document['problem']}), so it cannot be written again")
     try:
         packet = Packet(
             _number(document["direction"], DIRECTIONS),
             _number(document["side"], SIDES),
-            int(document["method"]),
-            int(document["request"]),
+            document["method"],
+            document["request"],
             document["user"].encode("utf-8", "surrogateescape"),
             document["interface"].encode("utf-8", "surrogateescape"),
             data,
             _nanoseconds(document["time"]),
         )
-        capture.write_packet(packet)  # its numbers have to fit
+        capture.write([packet])  # its numbers have to fit
         return packet
     except KeyError as error:
         raise CannotEncode(f"packet: {error.args[0]} is missing") from None
@@ -178,5 +187,7 @@ def _number(name: str | int, names: tuple[str, ...]) -> int:
 
 
 def _nanoseconds(time: str) -> int:
+    if not re.fullmatch("[0-9]+([.][0-9]{1,9})?", time):
+        raise ValueError(f"time {time!r} is no number of seconds with up to nine digits behind the point")
     seconds, _, fraction = time.partition(".")
     return int(seconds) * 1_000_000_000 + int(fraction.ljust(9, "0"))

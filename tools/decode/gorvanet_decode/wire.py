@@ -6,6 +6,7 @@ refuses, or could not read without leaving the bytes, is a problem; what stands 
 
 from __future__ import annotations
 
+import re
 from dataclasses import dataclass, field
 from typing import Any
 
@@ -252,7 +253,7 @@ def _encode_list(each: Field, count: Any, elements: Any, path: str) -> bytes:
     if not isinstance(elements, list):
         raise CannotEncode(f"{path}{each.name}: {elements!r} is no list")
     encoded_count = _encode_number(Field(each.count, "u32", each.tag), len(elements) if count is None else count, path)
-    present = min(len(elements) if count is None else count, each.capacity)
+    present = min(int.from_bytes(encoded_count[HEADER:], "big"), each.capacity)
     if len(elements) != present:
         raise CannotEncode(f"{path}{each.name}: {len(elements)} elements, {present} travel")
     return encoded_count + b"".join(
@@ -263,7 +264,10 @@ def _encode_list(each: Field, count: Any, elements: Any, path: str) -> bytes:
 def _encode_text(each: Field, text: Any, path: str) -> bytes:
     if not isinstance(text, str):
         raise CannotEncode(f"{path}{each.name}: {text!r} is no text")
-    value = text.encode("utf-8", "surrogateescape")
+    try:
+        value = text.encode("utf-8", "surrogateescape")
+    except UnicodeEncodeError as error:
+        raise CannotEncode(f"{path}{each.name}: {error}") from None
     if 0 in value:
         raise CannotEncode(f"{path}{each.name}: a NUL within the text")
     if len(value) >= each.capacity:
@@ -273,7 +277,7 @@ def _encode_text(each: Field, text: Any, path: str) -> bytes:
 
 
 def _encode_number(each: Field, number: Any, path: str) -> bytes:
-    if isinstance(number, str) and number.startswith("0x"):
+    if isinstance(number, str) and re.fullmatch("0x[0-9a-fA-F]+", number):
         number = int(number, 16)
     low, high = NUMBERS["u32" if each.kind == "pointer" else each.kind]
     if not isinstance(number, int) or isinstance(number, bool) or not low <= number <= high:
