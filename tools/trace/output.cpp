@@ -11,14 +11,6 @@ namespace {
 
 constexpr uint32_t longest_number = 20; // decimal digits of 64 bits
 
-// Is a signal pending that was not before? Takes it away.
-void drop_signal(const sigset_t &signals)
-{
-    timespec at_once = {};
-    while (sigtimedwait(&signals, nullptr, &at_once) < 0 && errno == EINTR) {
-    }
-}
-
 } // namespace
 
 void put_character(Output &out, char character)
@@ -77,29 +69,50 @@ void flush(Output &out)
     out.used = 0;
 }
 
-// A write to a pipe without a reader raises SIGPIPE, which would end the process: it is held back and taken away.
+Unsignalled::Unsignalled()
+{
+    sigset_t held_back;
+    sigemptyset(&held_back);
+    sigaddset(&held_back, SIGPIPE);
+    sigaddset(&held_back, SIGXFSZ);
+    sigpending(&pending_);
+    pthread_sigmask(SIG_BLOCK, &held_back, &before_);
+}
+
+Unsignalled::~Unsignalled()
+{
+    // Only what was not pending before is the tracer's.
+    if (signal_ && !sigismember(&pending_, signal_)) {
+        sigset_t own;
+        sigemptyset(&own);
+        sigaddset(&own, signal_);
+        timespec at_once = {};
+        while (sigtimedwait(&own, nullptr, &at_once) < 0 && errno == EINTR) {
+        }
+    }
+    pthread_sigmask(SIG_SETMASK, &before_, nullptr);
+}
+
+void Unsignalled::failed(int error)
+{
+    signal_ = error == EPIPE ? SIGPIPE : error == EFBIG ? SIGXFSZ : 0;
+}
+
 void write_all(int descriptor, const void *bytes, uint32_t size)
 {
-    sigset_t broken_pipe;
-    sigset_t pending;
-    sigset_t before;
-    sigemptyset(&broken_pipe);
-    sigaddset(&broken_pipe, SIGPIPE);
-    sigpending(&pending);
-    pthread_sigmask(SIG_BLOCK, &broken_pipe, &before);
+    Unsignalled unsignalled;
     const auto *at = static_cast<const char *>(bytes);
     while (size) {
         ssize_t written = write(descriptor, at, size);
         if (written < 0 && errno == EINTR)
             continue;
+        if (written < 0)
+            unsignalled.failed(errno);
         if (written <= 0)
             break;
         at += written;
         size -= static_cast<uint32_t>(written);
     }
-    if (size && errno == EPIPE && !sigismember(&pending, SIGPIPE))
-        drop_signal(broken_pipe);
-    pthread_sigmask(SIG_SETMASK, &before, nullptr);
 }
 
 } // namespace trace

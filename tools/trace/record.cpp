@@ -2,6 +2,7 @@
 
 #include "print.h"
 
+#include <cerrno>
 #include <climits>
 #include <cstdlib>
 #include <cstring>
@@ -55,9 +56,13 @@ bool terminal_has_colours()
 
 Output out;
 
+// A named pipe that nobody reads would keep the process waiting; it fails.
 int open_for_appending(const char *file)
 {
-    return open(file, O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0666);
+    int descriptor = open(file, O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC | O_NONBLOCK, 0666);
+    if (descriptor >= 0)
+        fcntl(descriptor, F_SETFL, O_APPEND);
+    return descriptor;
 }
 
 // A daemon may have closed its standard error, and opened something else in its place.
@@ -155,11 +160,19 @@ void append(int file, const Message &message)
     PacketHeader packet_header = {static_cast<uint32_t>(message.time.tv_sec),
                                   static_cast<uint32_t>(message.time.tv_nsec) / microsecond, size, size};
     struct stat state;
-    bool is_new = fstat(file, &state) == 0 && state.st_size == 0;
+    if (fstat(file, &state) != 0 || !S_ISREG(state.st_mode))
+        return; // every message would look like the first
+    bool is_new = state.st_size == 0;
     iovec parts[] = {part(&file_header, is_new ? sizeof file_header : 0), part(&packet_header, sizeof packet_header),
                      part(head.bytes, head.size), part(message.body.data, message.body.size)};
-    // Nothing can be done about a full disk: the process goes on.
-    [[maybe_unused]] ssize_t written = writev(file, parts, sizeof parts / sizeof *parts);
+    // Nothing can be done about a full disk: the process goes on. Half a packet would spoil those behind it.
+    Unsignalled unsignalled;
+    ssize_t written = writev(file, parts, sizeof parts / sizeof *parts);
+    if (written < 0)
+        unsignalled.failed(errno);
+    else if (static_cast<size_t>(written) < (is_new ? sizeof file_header : 0) + sizeof packet_header + size) {
+        [[maybe_unused]] int cut = ftruncate(file, state.st_size);
+    }
 }
 
 void capture(const Message &message)

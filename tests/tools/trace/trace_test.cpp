@@ -330,6 +330,27 @@ TEST(Trace, FilesThatCannotBeWrittenAreNoHarm)
     EXPECT_EQ(scratch.content("out"), "answer 1401\nanswer 1401\n");
 }
 
+TEST(Trace, FilesThatBecomeTooLargeAreNoHarm)
+{
+    Scratch scratch;
+    std::string command =
+        "ulimit -f 2; " + trace + " -q -o " + scratch.file("pcap") + " " + witness + " /dev/null >/dev/null";
+    ASSERT_EQ(run("bash -c '" + command + "'"), 0);
+    EXPECT_EQ(run(TRACE_DECODE " " + scratch.file("pcap") + " >/dev/null"), 0); // whole packets only
+    EXPECT_EQ(run("bash -c 'ulimit -f 2; " + trace + " -p " + scratch.file("text") + " " + witness +
+                  " /dev/null >/dev/null'"),
+              0);
+}
+
+TEST(Trace, PipesThatNobodyReadsAreNoHarm)
+{
+    Scratch scratch;
+    ASSERT_EQ(run("mkfifo " + scratch.file("pipe")), 0);
+    EXPECT_EQ(run("timeout 30 env LD_PRELOAD=" TRACE_OBJECT " GORVANET_TRACE_FILE=" + scratch.file("pipe") +
+                  " GORVANET_TRACE_PCAP=" + scratch.file("pipe") + " " + witness + " /dev/null >/dev/null"),
+              0);
+}
+
 TEST(Trace, SeveralProcessesShareAFile)
 {
     Scratch scratch;
@@ -376,6 +397,15 @@ TEST(Trace, SeesProcessesThatTalkOverDBus)
 
 // ---- The command ----------------------------------------------------------------------------------------------------
 
+TEST(TraceCommand, PrintsToADescriptorOfItsOwn)
+{
+    Scratch scratch;
+    ASSERT_EQ(run(trace + " -p /dev/fd/2 " + witness + " " + scratch.file("seen") + " 2>&1 >/dev/null | cat >" +
+                  scratch.file("out")),
+              0);
+    EXPECT_NE(scratch.content("out").find("  sent  "), std::string::npos);
+}
+
 TEST(TraceCommand, SaysWhatIsWrong)
 {
     Scratch scratch;
@@ -387,6 +417,9 @@ TEST(TraceCommand, SaysWhatIsWrong)
     EXPECT_EQ(run(trace + " -o" + err), 2);
     EXPECT_EQ(scratch.content("err"), "gorvanet-trace: -o needs a file\n");
     EXPECT_EQ(run(trace + " -o /nowhere/at/all true" + err), 2);
+    EXPECT_EQ(scratch.content("err"), "gorvanet-trace: cannot write /nowhere/at/all\n");
+    EXPECT_EQ(run("true | " + trace + " -o /dev/fd/0 true" + err), 2);
+    EXPECT_EQ(scratch.content("err"), "gorvanet-trace: a capture cannot go through a pipe: /dev/fd/0\n");
     EXPECT_EQ(run(trace + " --help >" + scratch.file("out")), 0);
     EXPECT_NE(scratch.content("out").find("--json"), std::string::npos);
 }
