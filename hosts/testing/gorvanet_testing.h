@@ -36,7 +36,8 @@ void gorvanet_testing_begin(void);
 /* Ends a test: tears the bus down, and so ends the library's interfaces; forgets scripts and failures. The log stays.
  *
  * Result: the number of loose ends, 0 after a test that went as it was written: messages that were still on their way or
- * unanswered, scripted answers that no request has asked for, and failures that have not happened. */
+ * unanswered, scripted answers that no request has asked for, and failures that have not happened. Called from inside a
+ * turn it is refused: the result is not 0, and nothing has ended. */
 uint32_t gorvanet_testing_end(void);
 
 /* Adds a bus user and attaches it to both interfaces, which must be started already: by what is tested, or by

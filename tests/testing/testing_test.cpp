@@ -330,6 +330,21 @@ TEST_F(TestingTest, LooseEndsAreCounted)
     EXPECT_EQ(gorvanet_testing_end(), 0u);
 }
 
+TEST_F(TestingTest, ATestDoesNotEndInsideATurn)
+{
+    gorvanet_testing_reply_setMtu(service, 7);
+    gorvanet_testing_reply_setMtu(service, 8);
+    uint32_t loose_ends = 0;
+    auto end = [](void *, void *data, uint32_t) { *static_cast<uint32_t *>(data) = gorvanet_testing_end(); };
+    gorvaNet_sendReq_setMtu(client, end, nullptr, &loose_ends, "service", 1400);
+    gorvanet_loopback_run();
+    EXPECT_NE(loose_ends, 0u);
+    ask_for_mtu(1500);
+    gorvanet_loopback_run();
+    EXPECT_EQ(results, std::vector<uint32_t>{8});
+    EXPECT_EQ(gorvanet_testing_end(), 0u);
+}
+
 TEST_F(TestingTest, AFailureOfTheTearDownHappens)
 {
     gorvanet_loopback_fail(GORVANET_LOOPBACK_FAIL_RELEASE, 0, 9);
