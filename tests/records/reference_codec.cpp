@@ -44,13 +44,13 @@ bool announces_after(const Layout &layout, const Field &field)
 class Encoder {
 public:
     Encoder(const void *place, Pretence length_pretence)
-        : wire(static_cast<const uint8_t *>(place)), pretence(length_pretence)
+        : wire(reinterpret_cast<uintptr_t>(place)), pretence(length_pretence)
     {
     }
 
     bool encode_record(const Layout &layout, const void *record)
     {
-        ExpectedLines own(layout.encoder, wire + result.bytes.size());
+        ExpectedLines own(layout.encoder, reinterpret_cast<const void *>(wire + result.bytes.size()));
         for (const Field &field : layout.fields) {
             if (encode_field(field, record, own))
                 continue;
@@ -133,7 +133,7 @@ private:
             result.bytes.push_back(static_cast<uint8_t>(word / weight));
     }
 
-    const uint8_t *wire;
+    uintptr_t wire; // where it will be; 0 where no line tells
     Pretence pretence;
 };
 
