@@ -16,7 +16,7 @@ class Soak : public EndToEnd, public testing::WithParamInterface<Trip> {};
 // What must not grow.
 struct Use {
     long blocks;
-    size_t library_blocks;
+    size_t blocks_of_library;
     ptrdiff_t descriptors;
 
     bool operator==(const Use &) const = default;
@@ -24,7 +24,7 @@ struct Use {
 
 std::ostream &operator<<(std::ostream &out, const Use &use)
 {
-    return out << use.blocks << " blocks, " << use.library_blocks << " blocks of the library, " << use.descriptors
+    return out << use.blocks << " blocks, " << use.blocks_of_library << " blocks of the library, " << use.descriptors
                << " descriptors";
 }
 

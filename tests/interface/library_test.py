@@ -64,7 +64,7 @@ class Codec:
             return memory.image(memory.BODY_HEAD + self.fields, {**values, "magic": self.body.magic, "flag": 0})
         return memory.image(self.fields, values)
 
-    def library_encodes(self, image: bytes) -> bytes:
+    def encoded_by_library(self, image: bytes) -> bytes:
         if self.body:
             answer = self.probe.body(self.functions["serializeBody"], self.kind, image)
         else:
@@ -74,7 +74,7 @@ class Codec:
         assert answer.status == ACCEPTED, f"{self.name}: serialize gives {answer.status}"
         return answer.data
 
-    def library_decodes(self, data: bytes) -> tuple[int, bytes]:
+    def decoded_by_library(self, data: bytes) -> tuple[int, bytes]:
         """Status and memory."""
         if self.body:
             answer = self.probe.body(self.functions["unserializeBody"], self.kind, data)
@@ -181,8 +181,8 @@ class Content(LibraryTest):
 
     def expect_same(self, codec: Codec, values: dict[str, Any]) -> None:
         encoded, image = codec.encode(values), codec.image(values)
-        self.assertEqual(codec.library_encodes(image).hex(" ", 4), encoded.hex(" ", 4))
-        self.assertEqual(codec.library_decodes(encoded), (ACCEPTED, image))
+        self.assertEqual(codec.encoded_by_library(image).hex(" ", 4), encoded.hex(" ", 4))
+        self.assertEqual(codec.decoded_by_library(encoded), (ACCEPTED, image))
         decoded = codec.decode(encoded)
         self.assertIsNone(decoded.problem)
         self.assertEqual(codec.values(decoded), values)
@@ -221,7 +221,7 @@ class Content(LibraryTest):
             for widened, text in widened_texts(codec.fields):
                 with self.subTest(codec.name, text=text.name):
                     data = replace(codec, fields=widened).encode(Only(text).of(widened))
-                    self.assertEqual(codec.library_decodes(data)[0], BAD_FIELD)
+                    self.assertEqual(codec.decoded_by_library(data)[0], BAD_FIELD)
                     expected = f"{text.capacity} bytes with the NUL, {text.capacity - 1} fit$"
                     self.assertRegex(str(codec.decode(data).problem), expected)
 
@@ -279,7 +279,7 @@ class Items(LibraryTest):
                 with self.subTest(codec.name, item=item.name, tag=other):
                     changed = data[: item.offset] + other.to_bytes(width, "big") + data[item.offset + width :]
                     prologue = codec.body is not None and item.offset < 24
-                    self.assertEqual(codec.library_decodes(changed)[0], BAD_PROLOGUE if prologue else BAD_FIELD)
+                    self.assertEqual(codec.decoded_by_library(changed)[0], BAD_PROLOGUE if prologue else BAD_FIELD)
                     problem = codec.decode(changed).problem
                     assert problem
                     self.assertEqual(problem.offset, item.offset)
@@ -292,7 +292,7 @@ class Items(LibraryTest):
                 length = int.from_bytes(data[at : at + 4], "big") + 4
                 end = item.offset + item.size
                 changed = data[:at] + length.to_bytes(4, "big") + data[at + 4 : end] + bytes(4) + data[end:]
-                self.assertEqual(codec.library_decodes(changed), codec.library_decodes(data))
+                self.assertEqual(codec.decoded_by_library(changed), codec.decoded_by_library(data))
                 decoded = codec.decode(changed)
                 self.assertIsNone(decoded.problem)
                 self.assertEqual(decoded.values, codec.decode(data).values)
@@ -304,7 +304,7 @@ class Items(LibraryTest):
                 with self.subTest(codec.name, item=item.name):
                     at = item.offset + 8
                     changed = data[:at] + bytes((0xA5, data[at + 1] ^ 0x80)) + data[at + 2 :]
-                    self.assertEqual(codec.library_decodes(changed), codec.library_decodes(data))
+                    self.assertEqual(codec.decoded_by_library(changed), codec.decoded_by_library(data))
                     decoded = codec.decode(changed)
                     self.assertEqual(decoded.values, codec.decode(data).values)
                     self.assertRegex(decoded.notes[0], "0xa5.* on the wire")
@@ -314,7 +314,7 @@ class Items(LibraryTest):
             if codec.body and item.name == "version":
                 with self.subTest(codec.name):
                     changed = data[:20] + (item.value + 1).to_bytes(4, "big") + data[24:]
-                    self.assertEqual(codec.library_decodes(changed)[0], BAD_PROLOGUE)
+                    self.assertEqual(codec.decoded_by_library(changed)[0], BAD_PROLOGUE)
                     self.assertRegex(str(codec.decode(changed).problem), r"^at 0xc, version: \d, expected \d$")
 
     def test_a_pointer_of_more_than_32_bits_is_refused(self) -> None:
@@ -323,7 +323,7 @@ class Items(LibraryTest):
         for codec, data, item in pointers:
             at = item.offset + 16
             changed = data[:at] + (1 << 32).to_bytes(8, "big") + data[at + 8 :]
-            self.assertEqual(codec.library_decodes(changed)[0], BAD_POINTER)
+            self.assertEqual(codec.decoded_by_library(changed)[0], BAD_POINTER)
             self.assertRegex(str(codec.decode(changed).problem), "0x100000000 does not fit 32 bits$")
 
     def test_what_the_decoder_calls_sound_the_library_takes_as_it_is(self) -> None:
@@ -338,7 +338,7 @@ class Items(LibraryTest):
                     taken += changed != data
                     with self.subTest(codec.name, bytes=changed.hex(" ", 4)):
                         expected = (ACCEPTED, codec.image(codec.values(decoded)))
-                        self.assertEqual(codec.library_decodes(changed), expected)
+                        self.assertEqual(codec.decoded_by_library(changed), expected)
         self.assertGreater(taken, len(self.codecs) * DAMAGED_BODIES // 20)
 
     def test_what_is_sound_without_an_item_the_library_takes_too(self) -> None:
@@ -346,7 +346,7 @@ class Items(LibraryTest):
             with self.subTest(codec.name, item=item.name):
                 changed = data[: item.offset] + data[item.offset + item.size :]
                 if codec.decode(changed).problem is None:
-                    self.assertEqual(codec.library_decodes(changed)[0], ACCEPTED)
+                    self.assertEqual(codec.decoded_by_library(changed)[0], ACCEPTED)
 
 
 class Layouts(LibraryTest):
