@@ -17,6 +17,7 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <string>
 #include <system_error>
 #include <systemd/sd-daemon.h>
@@ -32,26 +33,32 @@ struct Options {
     uint32_t allowed = 0; // a user besides root and this process's own
 };
 
-template <typename Number> bool parse_number(const std::string &text, Number &number)
+template <typename Number> bool parse_number(const char *text, Number &number)
 {
-    auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    return error == std::errc() && end == text.data() + text.size();
+    if (text == nullptr)
+        return false;
+    const char *behind = text + std::strlen(text);
+    auto [end, error] = std::from_chars(text, behind, number);
+    return error == std::errc() && end == behind;
 }
 
-bool parse(int count, char **arguments, Options &options)
+bool parse(char **arguments, Options &options)
 {
-    for (int i = 1; i < count; i++) {
-        std::string argument = arguments[i];
+    while (*++arguments != nullptr) {
+        std::string argument = *arguments;
+        bool known = true;
         if (argument == "--wire")
             options.wire = true;
-        else if (argument == "--ready" && i + 1 < count && parse_number(arguments[i + 1], options.ready))
-            i++;
-        else if (argument == "--allow" && i + 1 < count && parse_number(arguments[i + 1], options.allowed))
-            i++;
-        else if (argument.starts_with("-") || !options.role.empty())
-            return false;
-        else
+        else if (argument == "--ready")
+            known = parse_number(*++arguments, options.ready);
+        else if (argument == "--allow")
+            known = parse_number(*++arguments, options.allowed);
+        else if (!argument.starts_with("-") && options.role.empty())
             options.role = argument;
+        else
+            known = false;
+        if (!known)
+            return false;
     }
     return options.role == "service" || options.role == "client" || options.role == "listener";
 }
@@ -186,10 +193,10 @@ int32_t is_allowed(void *options, const gorvanet_dbus_sender *sender)
 
 } // namespace
 
-int main(int count, char **arguments)
+int main(int, char **arguments)
 {
     Options options;
-    if (!parse(count, arguments, options)) {
+    if (!parse(arguments, options)) {
         fprintf(stderr, "usage: %s [--wire] [--allow UID] [--ready FD] service | client | listener\n", arguments[0]);
         return 2;
     }
