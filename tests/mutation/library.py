@@ -1,11 +1,13 @@
 """Compiles and links the library with a mutant in it, quickly: nothing is compiled that the mutant does not change."""
 
 import concurrent.futures
+import functools
 import json
 import pathlib
 import re
 import shlex
 import subprocess
+import tempfile
 
 from changes import Mutant
 
@@ -92,10 +94,15 @@ class Library:
 
     def same_code(self, mutant: Mutant, directory: pathlib.Path) -> bool:
         """Does the optimiser make the same of the mutant as of the original?"""
-        images = []
         original = (ROOT / mutant.path).read_text()
-        for text in (original, mutant.apply(original)):
-            target = self.translate(mutant.path, text, "-O2", directory)
-            subprocess.run(["strip", target], check=True)
-            images.append(target.read_bytes())
-        return images[0] == images[1]
+        return self.optimised(mutant.path, mutant.apply(original), directory) == self.original(mutant.path)
+
+    @functools.cache
+    def original(self, path: pathlib.Path) -> bytes:
+        with tempfile.TemporaryDirectory(dir=self.scratch) as name:
+            return self.optimised(path, (ROOT / path).read_text(), pathlib.Path(name))
+
+    def optimised(self, path: pathlib.Path, text: str, directory: pathlib.Path) -> bytes:
+        target = self.translate(path, text, "-O2", directory)
+        subprocess.run(["strip", target], check=True)
+        return target.read_bytes()
