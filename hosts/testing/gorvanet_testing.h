@@ -61,7 +61,8 @@ void *gorvanet_testing_add_service(const char *name);
 /* Scripts the answer to one request of the method, behind the answers that are scripted for it already. Records are
  * copied.
  *
- * Result: 0; GORVANET_LOOPBACK_UNKNOWN_USER when `service` is not a scripted service. */
+ * Result: 0; GORVANET_LOOPBACK_BAD_ARGUMENT for a null record; GORVANET_LOOPBACK_UNKNOWN_USER when `service` is not a
+ * scripted service. */
 int32_t gorvanet_testing_reply_setOsIfc(void *service, uint32_t result);
 int32_t gorvanet_testing_reply_setDhcp(void *service);
 int32_t gorvanet_testing_reply_setRdisc6(void *service);
@@ -73,7 +74,7 @@ int32_t gorvanet_testing_reply_setIPv6PrefixAndAddress(void *service, uint32_t r
 int32_t gorvanet_testing_reply_registerPrefixStatus(void *service, uint32_t result);
 
 /* Delays the scripted answers: from now on they are held back, until they are released, all of them, in the order of
- * their requests. Result: as above. */
+ * their requests. Result: 0; GORVANET_LOOPBACK_UNKNOWN_USER. */
 int32_t gorvanet_testing_hold(void *service);
 int32_t gorvanet_testing_release(void *service);
 

@@ -217,6 +217,8 @@ int32_t gorvanet_testing_reply_setRdisc6(void *service)
 
 int32_t gorvanet_testing_reply_getIPv4Props(void *service, const ipv4_properties *properties, uint32_t result)
 {
+    if (!properties)
+        return GORVANET_LOOPBACK_BAD_ARGUMENT;
     return script(service, GORVANET_TESTING_GET_IPV4_PROPS, [copy = *properties, result](void *message) {
         gorvaNet_sendRes_getIPv4Props(message, &copy, result);
     });
@@ -224,6 +226,8 @@ int32_t gorvanet_testing_reply_getIPv4Props(void *service, const ipv4_properties
 
 int32_t gorvanet_testing_reply_getIPv6Props(void *service, const ipv6_properties *properties, uint32_t result)
 {
+    if (!properties)
+        return GORVANET_LOOPBACK_BAD_ARGUMENT;
     return script(service, GORVANET_TESTING_GET_IPV6_PROPS, [copy = *properties, result](void *message) {
         gorvaNet_sendRes_getIPv6Props(message, &copy, result);
     });
@@ -231,6 +235,8 @@ int32_t gorvanet_testing_reply_getIPv6Props(void *service, const ipv6_properties
 
 int32_t gorvanet_testing_reply_setIPv4Address(void *service, const ipv4_address_return *outcome)
 {
+    if (!outcome)
+        return GORVANET_LOOPBACK_BAD_ARGUMENT;
     return script(service, GORVANET_TESTING_SET_IPV4_ADDRESS,
                   [copy = *outcome](void *message) { gorvaNet_sendRes_setIPv4Address(message, &copy); });
 }

@@ -290,6 +290,14 @@ TEST_F(TestingTest, WhatIsNoServiceIsRefused)
     }
 }
 
+TEST_F(TestingTest, AnAnswerWithoutItsRecordIsRefused)
+{
+    EXPECT_EQ(gorvanet_testing_reply_getIPv4Props(service, nullptr, 0), GORVANET_LOOPBACK_BAD_ARGUMENT);
+    EXPECT_EQ(gorvanet_testing_reply_getIPv6Props(service, nullptr, 0), GORVANET_LOOPBACK_BAD_ARGUMENT);
+    EXPECT_EQ(gorvanet_testing_reply_setIPv4Address(service, nullptr), GORVANET_LOOPBACK_BAD_ARGUMENT);
+    EXPECT_EQ(gorvanet_testing_end(), 0u); // nothing was scripted
+}
+
 // ---- A test from beginning to end -----------------------------------------------------------------------------------
 
 TEST_F(TestingTest, UsersNeedAStartedInterface)
