@@ -3,7 +3,7 @@
 --
 --     wireshark -X lua_script:gorvanet.lua capture.pcap
 --
--- What it decodes, and what it says of damage, is what gorvanet-decode says. See tools/wireshark/README.md.
+-- What it decodes, and what it says of damage, is what gorvanet-decode says. See tools/README.md.
 
 local gorvanet = Proto("gorvanet", "GorvaNet")
 
