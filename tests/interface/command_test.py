@@ -17,11 +17,13 @@ from pathlib import Path
 from typing import Any, cast
 from unittest import mock
 
-from support import DECODER, DESCRIPTION, INTERFACE, Values, vectors
+from support import DECODER, DESCRIPTION, INTERFACE, ROOT, Values, vectors
 
 from gorvanet_decode import command, wire
 
 VECTORS = {name: vector.data for name, vector in vectors().items()}
+
+SAMPLE = ROOT / "tools" / "wireshark" / "sample.pcap"
 
 SOUND, DAMAGED, UNREADABLE = 0, 1, 2
 
@@ -204,7 +206,7 @@ class Script(Command):
 
 class Manual(Command):
     def test_its_examples_are_true(self) -> None:
-        manual = (DECODER.parent.parent / "README.md").read_text(encoding="ascii")
+        manual = (ROOT / "tools" / "README.md").read_text(encoding="ascii")
         examples = re.findall(r"(?:^    .*\n)+", manual, re.MULTILINE)
         blocks = [re.sub(r"^    ", "", example, flags=re.MULTILINE) for example in examples]
         data = VECTORS["SetDhcp.request"]
@@ -255,6 +257,24 @@ class Input(Command):
         given = bytes.fromhex("0a0d0d0a0000001c1a2b3c4d00010000ffffffffffffffff0000001c")
         error = "gorvanet-decode: a pcapng file: editcap -F pcap makes a capture of it\n"
         self.expect(run(given=given), UNREADABLE, "", error)
+        self.expect(run("--input", "pcap", given=given), UNREADABLE, "", error)
+        self.assertEqual(run("--input", "binary", "--body", "Configure", given=given).returncode, DAMAGED)
+
+    def test_a_capture_is_told_nothing(self) -> None:
+        given = SAMPLE.read_bytes()
+        error = "gorvanet-decode: a capture says itself what it holds: without --body and --record\n"
+        for option, name in (("--body", "SetMtu.request"), ("--record", "state_info"), ("--body", "Nothing")):
+            self.expect(run(option, name, given=given), UNREADABLE, "", error)
+            self.expect(run(option, name, "--input", "pcap", given=given), UNREADABLE, "", error)
+        self.assertEqual(run("--record", "state_info", "--input", "binary", given=given).returncode, DAMAGED)
+
+    def test_options_that_would_be_without_effect(self) -> None:
+        given = json.dumps({"body": "SetMtu.request", "fields": {"mtu": 1400}})
+        error = "gorvanet-decode: --input, --body, --record and --json do not go with --encode\n"
+        for options in (["--input", "hex"], ["--body", "SetMtu.request"], ["--record", "state_info"], ["--json"]):
+            self.expect(run("--encode", *options, given=given), UNREADABLE, "", error)
+        error = "gorvanet-decode: --output goes with --encode\n"
+        self.expect(run("--output", "hex", given=VECTORS["SetDhcp.request"]), UNREADABLE, "", error)
 
     def test_bytes_that_may_be_two_bodies(self) -> None:
         error = "gorvanet-decode: these bytes may be SetMtu.request or SetMtu.response: say which with --body\n"

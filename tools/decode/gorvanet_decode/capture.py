@@ -41,6 +41,11 @@ def is_capture(data: bytes) -> bool:
     return data[:4] in _MAGICS
 
 
+def is_pcapng(data: bytes) -> bool:
+    """The newer format of captures, which is not read here."""
+    return data[:4] == b"\n\r\r\n" and data[8:12] in (b"\x1a\x2b\x3c\x4d", b"\x4d\x3c\x2b\x1a")
+
+
 def read(data: bytes) -> Iterator[Packet]:
     """The packets of a file. A broken file raises BadCapture behind its last whole packet."""
     order, unit = _MAGICS[data[:4]]

@@ -38,6 +38,7 @@ class Unreadable(Exception):
 def main(arguments: list[str], description: Path) -> int:
     try:
         options = _parser().parse_args(arguments)
+        _check(options)
         interface = _load(description)
         if not sys.stdout:
             raise Unreadable("standard output is closed")
@@ -72,11 +73,20 @@ def _parser() -> argparse.ArgumentParser:
     kind.add_argument("--record", metavar="NAME", help="they are a record without a body around it")
     parser.add_argument("--json", action="store_true", help="a JSON object for each message, on a line of its own")
     parser.add_argument("--encode", action="store_true", help="read such objects and write their bytes")
-    parser.add_argument("--output", choices=("hex", "binary", "pcap"), default="hex", help="how --encode writes them")
+    parser.add_argument("--output", choices=("hex", "binary", "pcap"), help="how --encode writes them; hex if not said")
     colours = parser.add_mutually_exclusive_group()
     colours.add_argument("--colour", "--color", action="store_true", default=None, help="colours, even in a pipe")
     colours.add_argument("--plain", action="store_false", dest="colour", help="no colours, even on a terminal")
     return parser
+
+
+def _check(options: argparse.Namespace) -> None:
+    """Refuses what would be without effect."""
+    decodes = options.input != "auto" or options.body or options.record or options.json
+    if options.encode and decodes:
+        raise Unreadable("--input, --body, --record and --json do not go with --encode")
+    if options.output and not options.encode:
+        raise Unreadable("--output goes with --encode")
 
 
 def _load(description: Path) -> Interface:
@@ -116,12 +126,14 @@ def _wants_colours() -> bool:
 
 def _messages(interface: Interface, options: argparse.Namespace) -> Iterator[Message]:
     data = _read(options.file)
-    if data[:4] == b"\n\r\r\n" and data[8:12] in (b"\x1a\x2b\x3c\x4d", b"\x4d\x3c\x2b\x1a"):
-        raise Unreadable("a pcapng file: editcap -F pcap makes a capture of it")
     kind = _kind(data) if options.input == "auto" else options.input
     if kind == "pcap":
+        if capture.is_pcapng(data):
+            raise Unreadable("a pcapng file: editcap -F pcap makes a capture of it")
         if not capture.is_capture(data):
             raise Unreadable("not a capture: the first four bytes are " + data[:4].hex(" "))
+        if options.body or options.record:
+            raise Unreadable("a capture says itself what it holds: without --body and --record")
         yield from (message.of_packet(interface, packet) for packet in capture.read(data))
     else:
         for body in _digits(data) if kind == "hex" else [data]:
@@ -129,7 +141,7 @@ def _messages(interface: Interface, options: argparse.Namespace) -> Iterator[Mes
 
 
 def _kind(data: bytes) -> str:
-    if capture.is_capture(data):
+    if capture.is_capture(data) or capture.is_pcapng(data):
         return "pcap"
     return "hex" if re.fullmatch(rb"(?:[\s0-9a-fA-F]|#.*(?:\n|\Z))+", data) else "binary"
 
@@ -176,10 +188,10 @@ def _encode(interface: Interface, options: argparse.Namespace) -> int:
             encoded.append(message.from_document(interface, document))
         except CannotEncode as error:
             raise Unreadable(f"message {number}: {error}") from None
-    if options.output == "hex":
-        print("\n\n".join(data.hex() for data, _ in encoded))
-    else:
+    if options.output in ("binary", "pcap"):
         sys.stdout.buffer.write(_joined(encoded, options.output))
+    else:
+        print("\n\n".join(data.hex() for data, _ in encoded))
     return SOUND
 
 
