@@ -2,7 +2,8 @@
 # Sourced by the other scripts: installs from Debian what this machine lacks.
 #
 #     setup build          what the library and the demo need
-#     setup build test     the same, and what the tests need
+#     setup build clang    the same, and what the presets with clang need
+#     setup build test     or what the tests need
 #     setup build test check        and what scripts/check needs
 #     setup build test coverage     or scripts/coverage
 #     setup build test analyse      or scripts/analyse
@@ -23,6 +24,7 @@ int main() { return EXIT_SUCCESS; }' | "$1" -m32 -x c++ - -o /dev/null 2>/dev/nu
 }
 
 missing_packages() {
+    local group
     for group in "$@"; do
         case $group in
         build)
@@ -37,9 +39,13 @@ missing_packages() {
             have doxygen || echo doxygen
             have python3 || echo python3
             ;;
-        check)
+        clang)
             have clang++ || echo clang
-            [ -n "$(find /usr/lib -name 'libclang_rt.asan-i386.a' 2>/dev/null | head -n 1)" ] || echo libclang-rt-14-dev
+            [ -n "$(find /usr/lib -name 'libclang_rt.asan-i386.a' -path '*/clang/14*' 2>/dev/null | head -n 1)" ] ||
+                echo libclang-rt-14-dev
+            ;;
+        check)
+            missing_packages clang
             have clang-format || echo clang-format
             have clang-tidy || echo clang-tidy
             have shellcheck || echo shellcheck
@@ -53,10 +59,8 @@ missing_packages() {
             have dpkg-deb || echo dpkg
             ;;
         analyse)
-            have clang++ || echo clang
+            missing_packages clang
             have cppcheck || echo cppcheck
-            [ -n "$(find /usr/lib -name 'libclang_rt.ubsan_standalone-i386.a' 2>/dev/null | head -n 1)" ] ||
-                echo libclang-rt-14-dev
             have scan-build || echo clang-tools
             ;;
         mcdc)
