@@ -96,6 +96,12 @@ missing_packages() {
     done
 }
 
+# From where this machine has its packages of Debian 12; nothing where it has none.
+debian_archive() {
+    # shellcheck disable=SC2016 # apt's own variable
+    apt-get indextargets --format '$(REPO_URI)' 'Codename: bookworm' | head -n 1
+}
+
 setup() {
     local packages root=
     packages=$(missing_packages "$@" | xargs)
