@@ -20,11 +20,19 @@ static void serve_set_mtu(void *message, void *data, uint32_t mtu)
     gorvaNet_sendRes_setMtu(message, 0);
 }
 
-/* A handler may keep the message and answer later. */
+static void answer_who_waits(void)
+{
+    if (waiting_for_lease)
+        gorvaNet_sendRes_setDhcp(waiting_for_lease);
+    waiting_for_lease = NULL;
+}
+
+/* A handler may keep the message and answer later. Here the latest request waits; every one is answered once. */
 static void serve_set_dhcp(void *message, void *data, const char *ifName, uint32_t dhcp)
 {
     (void)data;
     (void)ifName;
+    answer_who_waits();
     if (dhcp)
         waiting_for_lease = message;
     else
@@ -53,7 +61,5 @@ uint32_t service_mtu(void)
 
 void service_lease_has_come(void)
 {
-    if (waiting_for_lease)
-        gorvaNet_sendRes_setDhcp(waiting_for_lease);
-    waiting_for_lease = NULL;
+    answer_who_waits();
 }

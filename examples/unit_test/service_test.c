@@ -68,6 +68,22 @@ static void answers_dhcp_when_the_lease_has_come(void)
     CHECK(gorvanet_testing_end() == 0);
 }
 
+static void leaves_no_dhcp_request_unanswered(void)
+{
+    void *client = begin();
+    uint32_t first = UNANSWERED;
+    uint32_t second = UNANSWERED;
+    gorvaNet_sendReq_setDhcp(client, on_dhcp_set, NULL, &first, "ip-service", "eth0", 1);
+    gorvaNet_sendReq_setDhcp(client, on_dhcp_set, NULL, &second, "ip-service", "eth0", 1);
+    gorvanet_loopback_run();
+    CHECK(first == 0); /* the second waits in its place */
+    CHECK(second == UNANSWERED);
+    service_lease_has_come();
+    gorvanet_loopback_run();
+    CHECK(second == 0);
+    CHECK(gorvanet_testing_end() == 0);
+}
+
 static void does_not_start_when_the_bus_refuses(void)
 {
     gorvanet_testing_begin();
@@ -82,6 +98,7 @@ int main(void)
     keeps_a_good_mtu();
     refuses_a_small_mtu_and_says_so();
     answers_dhcp_when_the_lease_has_come();
+    leaves_no_dhcp_request_unanswered();
     does_not_start_when_the_bus_refuses();
     return checks_failed != 0;
 }
