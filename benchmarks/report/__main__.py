@@ -20,7 +20,8 @@ ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
 
 def instructions(counts: callgrind.Counts) -> Table:
     return Table("Instructions of a call",
-                 [Figure(name, count, limits.INSTRUCTIONS.get(name)) for name, count in counts.items()])
+                 [Figure(name, count, limits.INSTRUCTIONS.get(name), limits.BEST_INSTRUCTIONS.get(name))
+                  for name, count in counts.items()])
 
 
 def linear_cost(build: pathlib.Path) -> Table:
@@ -64,7 +65,8 @@ def beside_peers(build: pathlib.Path) -> list[Table | Overview]:
 def fair_comparison(build: pathlib.Path) -> Table:
     pairs = peers.run_pair(build, limits.RATIO_TO)
     return Table(f"libGorvanet's time in proportion to {limits.RATIO_TO}, median of the ratios",
-                 [Figure(workload, peers.median_ratio(pairs, workload, limits.RATIO_TO), limit)
+                 [Figure(workload, peers.median_ratio(pairs, workload, limits.RATIO_TO), limit,
+                         limits.BEST_RATIOS.get(workload))
                   for workload, limit in limits.RATIOS.items() if (workload, limits.RATIO_TO) in pairs[0]])
 
 
