@@ -54,6 +54,11 @@ std::optional<guard::Interface> guarded_interface(const Message &message)
     return {};
 }
 
+void release_copy(void *copy)
+{
+    delete[] static_cast<uint8_t *>(copy);
+}
+
 // Takes the bytes into the message. Result: what is wrong with them, empty if nothing.
 std::string admit(Message &message, uint32_t direction, std::span<const uint8_t> bytes)
 {
@@ -65,14 +70,14 @@ std::string admit(Message &message, uint32_t direction, std::span<const uint8_t>
     guard::Admission admission = guard::admit({*interface, message.method_index, direction}, bytes);
     if (!admission.verdict.sound())
         return guard::explain(admission.verdict);
-    auto owner = std::make_shared<std::vector<uint8_t>>(std::move(admission.body));
-    message.bytes = {.data = {owner, owner->data()}, .size = static_cast<uint32_t>(bytes.size())};
+    message.bytes = {.data = Owned(admission.body.release(), Release{release_copy}),
+                     .size = static_cast<uint32_t>(bytes.size())};
     return "";
 }
 
 } // namespace
 
-void receive_request(const User &server, const Arrival &arrival, bool awaits_answer, std::shared_ptr<void> call)
+void receive_request(const User &server, const Arrival &arrival, bool awaits_answer, Owned call)
 {
     Message message = arriving(arrival, server);
     message.awaits_answer = awaits_answer;

@@ -4,10 +4,10 @@
 #ifndef GORVANET_HOSTS_ARRIVAL_H
 #define GORVANET_HOSTS_ARRIVAL_H
 
+#include "body.h"
 #include "registry.h"
 
 #include <cstdint>
-#include <memory>
 #include <span>
 
 namespace host {
@@ -24,7 +24,7 @@ struct Arrival {
 };
 
 // A request for one of this process's users. `call` is what the transport answers it with.
-void receive_request(const User &server, const Arrival &arrival, bool awaits_answer, std::shared_ptr<void> call);
+void receive_request(const User &server, const Arrival &arrival, bool awaits_answer, Owned call);
 
 // A request that the transport has refused by itself.
 void report_refusal(const User &server, const Arrival &arrival, const char *reason);

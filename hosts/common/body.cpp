@@ -1,7 +1,5 @@
 #include "body.h"
 
-#include <cstdlib>
-
 namespace host {
 
 uint32_t Body::encode(Bytes &bytes) const
@@ -11,7 +9,7 @@ uint32_t Body::encode(Bytes &bytes) const
     uint32_t status = method_.serializeBody(type_, body_, &buffer, &size);
     if (status)
         return status;
-    bytes.data.reset(buffer, free);
+    bytes.data.reset(buffer);
     bytes.size = size;
     return buffer ? 0 : empty_result;
 }

@@ -7,13 +7,26 @@
 #include "middleware.h"
 
 #include <cstdint>
+#include <cstdlib>
 #include <memory>
 
 namespace host {
 
-// An encoded body, with what keeps it in memory: the library's buffer, or the copy of what came off a bus.
+// Something that is released in its own way.
+struct Release {
+    void (*function)(void *) = free;
+
+    void operator()(void *memory) const
+    {
+        function(memory);
+    }
+};
+
+using Owned = std::unique_ptr<void, Release>;
+
+// An encoded body: the library's buffer, or the copy of what came off a bus.
 struct Bytes {
-    std::shared_ptr<const void> data;
+    Owned data;
     uint32_t size = 0;
 };
 

@@ -21,10 +21,9 @@ bool numbers_came_around;
 
 } // namespace
 
-Message &keep_message(Message message)
+Message &keep_message(Message &&message)
 {
-    uint32_t number = message.number;
-    return messages()[number] = std::move(message);
+    return messages().insert_or_assign(message.number, std::move(message)).first->second;
 }
 
 uint32_t next_message_number()

@@ -20,7 +20,6 @@
 #include "report.h"
 
 #include <cstdint>
-#include <memory>
 #include <string>
 
 namespace host {
@@ -44,14 +43,14 @@ struct Message {
     const void *body; // while it is handed over: the request or response that the other side borrows
     Bytes bytes;
     // The transport's own, null where it has none; they end with the message.
-    std::shared_ptr<void> received_call; // of a request from another process, to be answered
-    std::shared_ptr<void> awaited_reply; // of a request to another process
+    Owned received_call; // of a request from another process, to be answered
+    Owned awaited_reply; // of a request to another process
 };
 
 // ---- The table of open messages -------------------------------------------------------------------------------------
 
 // Result: the message, now in the table under its number.
-Message &keep_message(Message message);
+Message &keep_message(Message &&message);
 uint32_t next_message_number();
 Message *find_message(uint32_t number); // null: it has ended, or never was
 bool was_a_message(uint32_t number);

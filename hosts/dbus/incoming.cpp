@@ -85,9 +85,9 @@ bool may_send(Connection &connection, sd_bus_message *call, const host::User &us
 
 // ---- Requests -------------------------------------------------------------------------------------------------------
 
-std::shared_ptr<void> kept(sd_bus_message *call)
+void release_call(void *call)
 {
-    return {sd_bus_message_ref(call), [](sd_bus_message *message) { sd_bus_message_unref(message); }};
+    sd_bus_message_unref(static_cast<sd_bus_message *>(call));
 }
 
 int take_request(sd_bus_message *call, void *number, bool awaits_answer)
@@ -107,7 +107,8 @@ int take_request(sd_bus_message *call, void *number, bool awaits_answer)
     }
     if (auto bytes = body_of(call)) {
         arrival.bytes = *bytes;
-        receive_request(*user, arrival, awaits_answer, kept(call));
+        receive_request(*user, arrival, awaits_answer,
+                        host::Owned(sd_bus_message_ref(call), host::Release{release_call}));
     } else {
         constexpr const char *reason = "the argument is no array of bytes";
         report_refusal(*user, arrival, reason);

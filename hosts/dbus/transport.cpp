@@ -50,6 +50,11 @@ void *to_pointer(uint32_t number)
     return reinterpret_cast<void *>(uintptr_t{number});
 }
 
+void release_slot(void *slot)
+{
+    sd_bus_slot_unref(static_cast<sd_bus_slot *>(slot));
+}
+
 std::string bus_interface_of(const Message &message)
 {
     return bus_interface(host::find_interface(message.interface_number)->name);
@@ -71,7 +76,7 @@ int send_request(sd_bus *bus, Message &message)
         result = sd_bus_call_async(bus, &slot, call.message, message.awaits_answer ? on_response : on_confirmation,
                                    to_pointer(message.number), request_timeout);
     if (result >= 0)
-        message.awaited_reply = {slot, [](sd_bus_slot *reply) { sd_bus_slot_unref(reply); }};
+        message.awaited_reply = host::Owned(slot, host::Release{release_slot});
     return result;
 }
 

@@ -6,7 +6,7 @@
 //     guard::Admission admission = guard::admit({guard::Interface::command, index, type}, bytes);
 //     if (!admission.verdict.sound())
 //         return drop(guard::explain(admission.verdict));
-//     row.unserializeBody(type, admission.body.data(), &body, &size);
+//     row.unserializeBody(type, admission.body.get(), &body, &size);
 //
 // A sound body's items follow one another from its first byte to its last, in the order in which the decoder reads
 // them, and hold what it reads: so it stays inside, and gives 0. Everything that the library encodes is sound, and so
@@ -20,9 +20,9 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <string>
-#include <vector>
 
 namespace guard {
 
@@ -75,7 +75,7 @@ constexpr size_t tail_size = 32;
 
 struct Admission {
     Verdict verdict;
-    std::vector<uint8_t> body; // a copy and its tail; empty unless sound
+    std::unique_ptr<uint8_t[]> body; // a copy and its tail; null unless sound
 };
 
 // Copies first and checks the copy, so that bytes in memory that others can write cannot change in between.

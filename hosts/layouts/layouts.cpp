@@ -76,47 +76,32 @@ constexpr Field register_prefix_status[] = {number(3, "first"), wide(4, "pointer
 constexpr Field value[] = {number(3, "value")};
 constexpr Field prefix_status[] = {text(3, "name", 80), record("prefixes", ipv6_prefixes)};
 
-// In the order of their indexes.
-constexpr const char *commands[] = {
-    "SetOsIfc",
-    "SetDhcp",
-    "SetRdisc6",
-    "GetIPv4Props",
-    "GetIPv6Props",
-    "SetIPv4Address",
-    "SetMtu",
-    "SetIPv6PrefixAndAddress",
-    "AskStateRenotification",
-    "RegisterPrefixStatus",
-    "Configure",
-    "ConfigureAllIPv6Intf",
-};
-
-constexpr const char *notifications[] = {"PrefixStatus"};
+constexpr auto command = Interface::command;
+constexpr auto notification = Interface::notification;
 
 constexpr Layout all_layouts[] = {
-    {"SetOsIfc", request, 0x39132011, 0, if_name},
-    {"SetOsIfc", response, 0x39132011, 0, result},
-    {"SetDhcp", request, 0x39132011, 0, set_dhcp},
-    {"SetDhcp", response, 0x39132011, 0, {}},
-    {"SetRdisc6", request, 0x34132011, 0, if_name},
-    {"SetRdisc6", response, 0x34132011, 0, {}},
-    {"GetIPv4Props", request, 0x23331110, 1, {}},
-    {"GetIPv4Props", response, 0x23331110, 1, ipv4_props},
-    {"GetIPv6Props", request, 0x24331110, 1, {}},
-    {"GetIPv6Props", response, 0x24331110, 1, ipv6_props},
-    {"SetIPv4Address", request, 0x23331320, 0, ipv4_address},
-    {"SetIPv4Address", response, 0x23331320, 0, ipv4_address_return},
-    {"SetMtu", request, 0x20190222, 0, mtu},
-    {"SetMtu", response, 0x20190222, 0, result},
-    {"SetIPv6PrefixAndAddress", request, 0x24331320, 0, ipv6_prefix_addr_conf_list},
-    {"SetIPv6PrefixAndAddress", response, 0x24331320, 0, result},
-    {"AskStateRenotification", request, 0x13235326, 0, state_info},
-    {"RegisterPrefixStatus", request, 0x20150227, 0, register_prefix_status},
-    {"RegisterPrefixStatus", response, 0x20150227, 0, result},
-    {"Configure", request, 0x13235326, 1, intf_conf},
-    {"ConfigureAllIPv6Intf", request, 0x20161209, 0, value},
-    {"PrefixStatus", request, 0x20150226, 0, prefix_status},
+    {command, 0, "SetOsIfc", request, 0x39132011, 0, if_name},
+    {command, 0, "SetOsIfc", response, 0x39132011, 0, result},
+    {command, 1, "SetDhcp", request, 0x39132011, 0, set_dhcp},
+    {command, 1, "SetDhcp", response, 0x39132011, 0, {}},
+    {command, 2, "SetRdisc6", request, 0x34132011, 0, if_name},
+    {command, 2, "SetRdisc6", response, 0x34132011, 0, {}},
+    {command, 3, "GetIPv4Props", request, 0x23331110, 1, {}},
+    {command, 3, "GetIPv4Props", response, 0x23331110, 1, ipv4_props},
+    {command, 4, "GetIPv6Props", request, 0x24331110, 1, {}},
+    {command, 4, "GetIPv6Props", response, 0x24331110, 1, ipv6_props},
+    {command, 5, "SetIPv4Address", request, 0x23331320, 0, ipv4_address},
+    {command, 5, "SetIPv4Address", response, 0x23331320, 0, ipv4_address_return},
+    {command, 6, "SetMtu", request, 0x20190222, 0, mtu},
+    {command, 6, "SetMtu", response, 0x20190222, 0, result},
+    {command, 7, "SetIPv6PrefixAndAddress", request, 0x24331320, 0, ipv6_prefix_addr_conf_list},
+    {command, 7, "SetIPv6PrefixAndAddress", response, 0x24331320, 0, result},
+    {command, 8, "AskStateRenotification", request, 0x13235326, 0, state_info},
+    {command, 9, "RegisterPrefixStatus", request, 0x20150227, 0, register_prefix_status},
+    {command, 9, "RegisterPrefixStatus", response, 0x20150227, 0, result},
+    {command, 10, "Configure", request, 0x13235326, 1, intf_conf},
+    {command, 11, "ConfigureAllIPv6Intf", request, 0x20161209, 0, value},
+    {notification, 0, "PrefixStatus", request, 0x20150226, 0, prefix_status},
 };
 
 } // namespace
@@ -131,10 +116,10 @@ const Layout *find_layout(std::string_view method, uint32_t direction)
 
 const Layout *find_layout(Interface interface, uint32_t index, uint32_t direction)
 {
-    std::span<const char *const> methods = commands;
-    if (interface == Interface::notification)
-        methods = notifications;
-    return index < methods.size() ? find_layout(methods[index], direction) : nullptr;
+    for (const Layout &layout : all_layouts)
+        if (layout.interface == interface && layout.index == index && layout.direction == direction)
+            return &layout;
+    return nullptr;
 }
 
 } // namespace layouts

@@ -60,15 +60,17 @@ constexpr Field list(uint32_t tag, const char *name, uint32_t capacity, std::spa
 constexpr uint32_t request = 0;
 constexpr uint32_t response = 1;
 
+enum class Interface { command, notification };
+
 struct Layout {
+    Interface interface;
+    uint32_t index; // of the method within its interface
     const char *method;
     uint32_t direction;
     uint32_t magic;
     uint32_t version;
     std::span<const Field> fields; // behind the prologue
 };
-
-enum class Interface { command, notification };
 
 // Null when there is no such body.
 const Layout *find_layout(std::string_view method, uint32_t direction);

@@ -7,7 +7,6 @@
 #include "message.h"
 #include "registry.h"
 
-#include <memory>
 #include <vector>
 
 namespace loopback {
@@ -40,13 +39,10 @@ void notify_all(Message &message)
     host::end_message(number);
 }
 
-// The bytes with another first one, which is in the tag of the magic.
-host::Bytes damaged(const host::Bytes &bytes)
+// Changes the first byte, which is in the tag of the magic.
+void damage(const host::Bytes &bytes)
 {
-    const auto *first = static_cast<const uint8_t *>(bytes.data.get());
-    auto copy = std::make_shared<std::vector<uint8_t>>(first, first + bytes.size);
-    copy->front() ^= 0xff;
-    return {{copy, copy->data()}, bytes.size};
+    *static_cast<uint8_t *>(bytes.data.get()) ^= 0xff;
 }
 
 // Result: whether the message ends here, as a test has ordered.
@@ -59,7 +55,7 @@ bool fails(Message &message)
         return true;
     }
     if (host::ordered_failure(forth ? Failure::damage_request : Failure::damage_response))
-        message.bytes = damaged(message.bytes);
+        damage(message.bytes);
     if (forth && !message.is_notification && host::ordered_failure(Failure::leave_unhandled)) {
         report_status(message, answer_unhandled_message, "nobody handles the message, as ordered");
         host::end_message(message.number);

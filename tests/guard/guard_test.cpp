@@ -12,6 +12,7 @@ using guard::Reason;
 
 constexpr guard::Which set_os_ifc = {Interface::command, 0, 0};
 constexpr guard::Which set_os_ifc_response = {Interface::command, 0, 1};
+constexpr guard::Which set_dhcp = {Interface::command, 1, 0};
 constexpr guard::Which set_mtu = {Interface::command, 6, 0};
 constexpr guard::Which get_ipv4_props = {Interface::command, 3, 0};
 constexpr guard::Which register_prefix_status = {Interface::command, 9, 0};
@@ -98,6 +99,19 @@ TEST(GuardTest, Texts)
     EXPECT_EQ(told(prologue + "00000003 00000008 'a' 00 ff ff ff ff ff ff"), "sound");
 }
 
+TEST(GuardTest, TextsThatOtherItemsFollow)
+{
+    const std::string dhcp = " 00000004 00000004 00000001";
+    auto told_text = [&](const std::string &item) { return told(set_dhcp, prologue + item + dhcp); };
+    EXPECT_EQ(told_text("00000003 00000008 'eth0' 00 000000"), "sound");
+    EXPECT_EQ(told_text("00000003 00000001 00"), "sound");
+    EXPECT_EQ(told_text("00000003 00000008 'a' 00 ff ff ff ff ff ff"), "sound");
+    EXPECT_EQ(told_text("00000003 00000000"), "byte 24, ifName: 0 bytes, at least 1 needed");
+    EXPECT_EQ(told_text("00000003 00000004 'eth0'"), "byte 24, ifName: no NUL in 4 bytes");
+    EXPECT_EQ(told_text("00000003 00000033 'a'*50 00"), "byte 24, ifName: 51 bytes with the NUL, 50 fit");
+    EXPECT_EQ(told_text("00000003 00000100 00"), "byte 24, ifName: 256 bytes announced, 13 are left");
+}
+
 TEST(GuardTest, WideItems)
 {
     const std::string before = "00000000 00000004 20150227 00000001 00000004 00000000 00000003 00000004 00000007 ";
@@ -132,8 +146,8 @@ TEST(GuardTest, AnAdmittedBodyIsACopyWithATail)
     EXPECT_TRUE(admission.verdict.sound());
     Bytes with_tail = body;
     with_tail.resize(body.size() + 32);
-    EXPECT_EQ(admission.body, with_tail);
-    EXPECT_NE(admission.body.data(), body.data());
+    EXPECT_EQ(Bytes(admission.body.get(), admission.body.get() + with_tail.size()), with_tail);
+    EXPECT_NE(admission.body.get(), body.data());
 }
 
 TEST(GuardTest, ARefusedBodyIsNotHandedOut)
@@ -144,5 +158,5 @@ TEST(GuardTest, ARefusedBodyIsNotHandedOut)
     EXPECT_STREQ(admission.verdict.field, "ifName");
     EXPECT_EQ(admission.verdict.found, 0u);
     EXPECT_EQ(admission.verdict.expected, 8u);
-    EXPECT_TRUE(admission.body.empty());
+    EXPECT_EQ(admission.body, nullptr);
 }

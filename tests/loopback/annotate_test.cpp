@@ -109,8 +109,8 @@ TEST(AnnotateTest, BytesBehindTheLastItem)
 constexpr Field element[] = {number(3, "first"), text(4, "second", 4)};
 constexpr Field outer[] = {list(3, "elements", 2, element), record("inner", element), signed_number(5, "last")};
 constexpr Field with_wide[] = {wide(4, "pointer"), number(5, "last")};
-constexpr Layout nested = {"Nested", request, 0x39132011, 0, outer};
-constexpr Layout wide_layout = {"Wide", request, 0x39132011, 0, with_wide};
+constexpr Layout nested = {layouts::Interface::command, 0, "Nested", request, 0x39132011, 0, outer};
+constexpr Layout wide_layout = {layouts::Interface::command, 0, "Wide", request, 0x39132011, 0, with_wide};
 
 const std::string one_element = "00000003 00000004 00000007 00000004 00000004 61000000 ";
 
