@@ -1,6 +1,7 @@
 // Round trips over D-Bus: through the library and the D-Bus host, and plain sd-bus calls that carry the same bytes.
 //
-//     gorvanet_dbus_trips [trips]
+//     gorvanet_dbus_trips [TRIPS]
+//     gorvanet_dbus_trips MESSAGE PLAIN LIBRARY    so many trips of each kind and nothing else, for callgrind
 //
 // Both services are processes of their own on one private bus, and so is this client. The two kinds of trip take turns,
 // a block of each, so that whatever else the machine does meets both. What is added is the middle one of what the
@@ -13,9 +14,12 @@
 
 #include <algorithm>
 #include <chrono>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <functional>
+#include <iterator>
 #include <stdexcept>
 #include <string>
 #include <systemd/sd-bus.h>
@@ -239,23 +243,37 @@ void print(const char *what, const Summary &summary)
     printf("  %-20s %8.0f /s   median %7.1f us   99th %7.1f us\n", what, summary.rate, summary.median, summary.last);
 }
 
-// Result: whether what is added stays below the limit.
-bool measure(const Plain &plain, const char *method, void (*ask)(), unsigned trips)
+struct Message {
+    const char *method;
+    void (*ask)();
+};
+
+constexpr Message messages[] = {{"SetMtu", ask_mtu}, {"GetIPv6Props", ask_ipv6_props}};
+
+// Result: the bytes, which the plain service answers with from now on.
+Carried prepare(const Plain &plain, const Message &message)
 {
-    Carried carried = watch(ask);
+    Carried carried = watch(message.ask);
     ask_plainly(plain, "Answer", carried.response);
+    return carried;
+}
+
+// Result: whether what is added stays below the limit.
+bool measure(const Plain &plain, const Message &message, unsigned trips)
+{
+    Carried carried = prepare(plain, message);
     std::vector<double> plain_times;
     std::vector<double> library_times;
     std::vector<double> additions;
     for (unsigned block = 0; block < trips / block_size; block++) {
-        double plainly = append_block(plain_times, [&] { ask_plainly(plain, method, carried.request); });
-        double through = append_block(library_times, [&] { ask_with_library(ask); });
+        double plainly = append_block(plain_times, [&] { ask_plainly(plain, message.method, carried.request); });
+        double through = append_block(library_times, [&] { ask_with_library(message.ask); });
         additions.push_back(100 * (through / plainly - 1));
     }
     Summary without = summarise(plain_times);
     Summary with = summarise(library_times);
     double added = middle(additions);
-    printf("%s, %zu bytes there and %zu back, %zu trips of each kind\n", method, carried.request.size(),
+    printf("%s, %zu bytes there and %zu back, %zu trips of each kind\n", message.method, carried.request.size(),
            carried.response.size(), plain_times.size());
     print("plain sd-bus", without);
     print("library and host", with);
@@ -263,7 +281,8 @@ bool measure(const Plain &plain, const char *method, void (*ask)(), unsigned tri
     return added < most_added;
 }
 
-int run(unsigned trips)
+// Between a bus and its two services.
+int run(const std::function<int(const Plain &)> &work)
 {
     Daemon daemon;
     gorvanet_dbus_set_address(daemon.address().c_str());
@@ -275,12 +294,43 @@ int run(unsigned trips)
         throw std::runtime_error("a service does not start");
     Plain plain = connect(daemon.address());
     client = join("client");
-    bool small = measure(plain, "SetMtu", ask_mtu, trips);
-    bool large = measure(plain, "GetIPv6Props", ask_ipv6_props, trips);
+    int result = work(plain);
     gorvanet_dbus_tear_down();
     sd_bus_flush_close_unref(plain.bus);
     sd_event_unref(plain.event);
-    return small && large ? EXIT_SUCCESS : EXIT_FAILURE;
+    // Callgrind writes down what it has counted where a signal ends a process that it sees coming.
+    for (Process *service : {&plain_service, &library_service}) {
+        service->send(SIGTERM);
+        service->wait();
+    }
+    return result;
+}
+
+int measure_all(const Plain &plain, unsigned trips)
+{
+    bool within = true;
+    for (const Message &message : messages)
+        within = measure(plain, message, std::max(trips, block_size)) && within;
+    return within ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
+int repeat(const Plain &plain, const char *method, unsigned plain_trips, unsigned library_trips)
+{
+    const auto *message = std::find_if(std::begin(messages), std::end(messages),
+                                       [&](const Message &entry) { return strcmp(entry.method, method) == 0; });
+    if (message == std::end(messages))
+        throw std::runtime_error("not a message of these trips");
+    Carried carried = prepare(plain, *message);
+    for (unsigned i = 0; i < plain_trips; i++)
+        ask_plainly(plain, message->method, carried.request);
+    for (unsigned i = 0; i < library_trips; i++)
+        ask_with_library(message->ask);
+    return EXIT_SUCCESS;
+}
+
+unsigned number(const char *text)
+{
+    return static_cast<unsigned>(strtoul(text, nullptr, 10));
 }
 
 } // namespace
@@ -289,8 +339,12 @@ int main(int count, char **arguments)
 {
     constexpr unsigned usual_trips = 20000;
     try {
-        unsigned trips = count > 1 ? static_cast<unsigned>(atoi(arguments[1])) : usual_trips;
-        return run(std::max(trips, block_size));
+        if (count > 3)
+            return run([&](const Plain &plain) {
+                return repeat(plain, arguments[1], number(arguments[2]), number(arguments[3]));
+            });
+        return run(
+            [&](const Plain &plain) { return measure_all(plain, count > 1 ? number(arguments[1]) : usual_trips); });
     } catch (const std::exception &error) {
         fprintf(stderr, "%s\n", error.what());
         return EXIT_FAILURE;
