@@ -62,7 +62,7 @@ TEST_P(FreeTest, OverwritesTheMagicAndReleasesTheBody)
     ASSERT_EQ(freed.size(), 1u);
     EXPECT_EQ(freed[0].block, body);
     EXPECT_EQ(freed[0].size, sample().image.size());
-    EXPECT_EQ(freed[0].first_word, 0xdeadbeefu);
+    EXPECT_EQ(freed[0].words[0], 0xdeadbeefu);
     body = nullptr;
 }
 

@@ -190,7 +190,7 @@ private:
         ASSERT_EQ(freed.size(), 1u);
         EXPECT_EQ(freed[0].block, body);
         EXPECT_EQ(freed[0].size, callbacks.body.image.size());
-        EXPECT_EQ(freed[0].first_word, 0xdeadbeefu);
+        EXPECT_EQ(freed[0].words[0], 0xdeadbeefu);
     }
 
     static void expect_heard(Words expected, const Body &body, const void *address)

@@ -147,7 +147,7 @@ void BodyTest::expect_refused(const Bytes &wire, int32_t status, uint32_t first_
     auto freed = take_freed();
     ASSERT_EQ(freed.size(), 1u);
     EXPECT_EQ(freed[0].size, sample().image.size());
-    EXPECT_EQ(freed[0].first_word, first_word);
+    EXPECT_EQ(freed[0].words[0], first_word);
 }
 
 void BodyTest::expect_sample(const Bytes &wire)

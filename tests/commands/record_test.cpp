@@ -231,7 +231,7 @@ TEST_P(RecordTest, IsCleanedBeforeTheMagicIsOverwritten)
     EXPECT_EQ(probe().clean.calls, 1u);
     auto freed = take_freed();
     ASSERT_EQ(freed.size(), 1u);
-    EXPECT_EQ(freed[0].first_word, 0xdeadbeefu);
+    EXPECT_EQ(freed[0].words[0], 0xdeadbeefu);
 }
 
 TEST_P(RecordTest, IsLeftAloneInABodyThatIsKeptOrForeign)

@@ -87,7 +87,8 @@ protected:
         free(body);
     }
 
-    void expect_refused(const Bytes &wire, int32_t status)
+    // `stored` is what the pointer's field of the body that is given up holds.
+    void expect_refused(const Bytes &wire, int32_t status, uint32_t stored = 0)
     {
         take_freed();
         EXPECT_EQ(decode(wire), status);
@@ -96,7 +97,8 @@ protected:
         auto freed = take_freed();
         ASSERT_EQ(freed.size(), 1u);
         EXPECT_EQ(freed[0].size, 20u);
-        EXPECT_EQ(freed[0].first_word, 0x20150227u);
+        EXPECT_EQ(freed[0].words[0], 0x20150227u);
+        EXPECT_EQ(freed[0].words[3], stored);
     }
 
     static LogLine announced(const Bytes &wire, int tag)
@@ -191,7 +193,7 @@ TEST_F(RegisterPrefixStatusTest, TheWideAdvanceWrapsIn32Bits)
 {
     // 16 + 0xfffffff0 is 0: the last value is looked for where the wide item begins.
     Bytes wire = with_wide(sample, wide_length, 0xfffffff0);
-    expect_refused(wire, 4);
+    expect_refused(wire, 4, 0xf1e2d3c4);
     const void *start = wire.data();
     EXPECT_EQ(take_log(), LogLines{logged(3, name, "pBody(%p): Tl(%u-%u) expectded(%u)\n", start, 0u, 4u, 5u)});
 }

@@ -50,7 +50,7 @@ TEST_F(TableTest, BodiesOfSetOsIfcAndSetDhcpAreTakenForEachOther)
             BodyCallbacks(*methods()[static_cast<size_t>(user_of_it)], type).free_body(type, body);
             auto freed = take_freed();
             ASSERT_EQ(freed.size(), 1u);
-            EXPECT_EQ(freed[0].first_word, 0xdeadbeefu);
+            EXPECT_EQ(freed[0].words[0], 0xdeadbeefu);
         }
 }
 

@@ -2,7 +2,9 @@
 
 #include "gorvanet.h"
 
+#include <algorithm>
 #include <cstdlib>
+#include <cstring>
 #include <link.h>
 #include <map>
 #include <utility>
@@ -151,8 +153,12 @@ void free(void *block) noexcept
             memory->live.erase(found);
         }
     }
-    if (from_library(__builtin_return_address(0)))
-        the_memory().freed.push_back({block, size, size >= 4 ? *static_cast<uint32_t *>(block) : 0});
+    if (from_library(__builtin_return_address(0))) {
+        Freed freed = {block, size, {}};
+        if (size)
+            memcpy(freed.words.data(), block, std::min(size, sizeof freed.words));
+        the_memory().freed.push_back(freed);
+    }
     real_free(block);
 }
 

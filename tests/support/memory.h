@@ -4,6 +4,7 @@
 #ifndef GORVANET_TESTS_SUPPORT_MEMORY_H
 #define GORVANET_TESTS_SUPPORT_MEMORY_H
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
@@ -11,8 +12,8 @@
 // A block that the library released, as it was when `free` was called.
 struct Freed {
     void *block;
-    size_t size;         // 0 for a block that the library did not allocate
-    uint32_t first_word; // 0 for a block of less than 4 bytes
+    size_t size;                   // 0 for a block that the library did not allocate
+    std::array<uint32_t, 4> words; // the first ones; 0 behind the end of a smaller block
 };
 
 // Refuses the library's n-th allocation from now on (1 is the next one), and with `rest` all that follow. 0: none.

@@ -113,7 +113,7 @@ TEST_F(MemoryBooks, OnlyTheLibraryIsRefused)
     free(own);
 }
 
-TEST_F(MemoryBooks, AFreedBlockIsSeenWithItsFirstWordAndSize)
+TEST_F(MemoryBooks, AFreedBlockIsSeenWithItsFirstWordsAndSize)
 {
     void *body = sent_body();
     ASSERT_NE(body, nullptr);
@@ -125,7 +125,7 @@ TEST_F(MemoryBooks, AFreedBlockIsSeenWithItsFirstWordAndSize)
     ASSERT_EQ(freed.size(), 1u);
     EXPECT_EQ(freed[0].block, body);
     EXPECT_EQ(freed[0].size, size);
-    EXPECT_EQ(freed[0].first_word, 0xdeadbeefu);
+    EXPECT_EQ(freed[0].words[0], 0xdeadbeefu);
     EXPECT_EQ(take_freed().size(), 0u);
 }
 
