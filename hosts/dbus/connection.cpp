@@ -11,16 +11,16 @@
 #include <cstdlib>
 #include <cstring>
 #include <ctime>
-#include <poll.h>
 #include <utility>
 
 namespace dbus {
 
 namespace {
 
-constexpr uint64_t call_timeout = 5000000; // of calls to the bus itself, in microseconds
+// In microseconds.
+constexpr uint64_t call_timeout = 5000000; // of calls to the bus itself
 constexpr uint64_t retry_interval = 200000;
-constexpr int leaving_timeout = 1000; // milliseconds
+constexpr uint64_t leaving_timeout = 1000000;
 constexpr const char *local_name = "org.freedesktop.DBus.Local";
 
 // Both are made on first use and never ended, as the tables of the registry.
@@ -130,13 +130,34 @@ int prepare(sd_bus *bus, uint32_t user)
     return result;
 }
 
+uint64_t now()
+{
+    timespec time = {};
+    clock_gettime(CLOCK_MONOTONIC, &time);
+    return static_cast<uint64_t>(time.tv_sec) * 1000000 + static_cast<uint64_t>(time.tv_nsec) / 1000;
+}
+
+// The bus lets us in. By itself, sd-bus would wait much longer for that.
+int enter(sd_bus *bus)
+{
+    int result = sd_bus_start(bus);
+    uint64_t end = now() + call_timeout;
+    while (result >= 0 && sd_bus_is_ready(bus) == 0) {
+        result = sd_bus_process(bus, nullptr);
+        uint64_t time = now();
+        if (result == 0)
+            result = time < end ? sd_bus_wait(bus, end - time) : -ETIMEDOUT;
+    }
+    return result;
+}
+
 int start(Connection &connection, const std::string &name)
 {
     int result = sd_bus_new(&connection.bus);
     if (result >= 0)
         result = prepare(connection.bus, connection.user);
     if (result >= 0)
-        result = sd_bus_start(connection.bus);
+        result = enter(connection.bus);
     if (result >= 0)
         result = sd_bus_request_name(connection.bus, bus_name_of(name).c_str(), 0);
     for (size_t i = 0; result >= 0 && i < connection.subscriptions.size(); i++)
@@ -146,12 +167,16 @@ int start(Connection &connection, const std::string &name)
     return result;
 }
 
-// Sends what is queued, unless the bus takes nothing any more: flushing alone would wait for it forever.
+// Sends what is queued, unless the bus takes no more of it: flushing would wait for it forever. Where the bus answers a
+// question, it has taken all that was sent before.
 void flush(sd_bus *bus)
 {
-    pollfd socket = {.fd = sd_bus_get_fd(bus), .events = POLLOUT, .revents = 0};
-    if (socket.fd >= 0 && poll(&socket, 1, leaving_timeout) > 0)
-        sd_bus_flush(bus);
+    uint64_t queued = 0;
+    if (sd_bus_is_ready(bus) <= 0 || sd_bus_get_n_queued_write(bus, &queued) < 0 || queued == 0)
+        return;
+    sd_bus_set_method_call_timeout(bus, leaving_timeout);
+    sd_bus_call_method(bus, "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus.Peer", "Ping",
+                       nullptr, nullptr, nullptr);
 }
 
 void end(Connection &connection)

@@ -39,8 +39,8 @@
  * The loop is the thread's default event loop of sd-event(3): sd_event_default(3) gives it to whoever wants to add
  * sources of their own. One thread: everything is called on the thread that runs the loop. Out of memory ends the
  * process, and so does a handler or callback that throws. Calls to the bus itself (adding a user, accepting a
- * notification, the first request of an unknown sender) wait for its answer, for five seconds at most. A user that leaves
- * while the bus takes nothing waits a second; what it still had to send is lost.
+ * notification, the first request of an unknown sender) wait for its answer, each time for five seconds at most. A user
+ * that leaves while the bus takes nothing waits a second; what it still had to send is lost.
  */
 #ifndef GORVANET_DBUS_H
 #define GORVANET_DBUS_H

@@ -225,6 +225,33 @@ TEST_F(DBusProcesses, LeaveABusThatTakesNothingAnyMore)
     EXPECT_EQ(count(GORVANET_DBUS_UNDELIVERABLE), more_than_a_socket_holds);
 }
 
+// The bus takes some of what is queued, and then nothing any more.
+TEST_F(DBusProcesses, LeaveABusThatStopsWhileItTakes)
+{
+    client = join("client");
+    daemon.suspend();
+    constexpr int more_than_twice_what_a_socket_holds = 20000;
+    ipv6_prefixes prefixes = {};
+    prefixes.field3 = 10;
+    for (int i = 0; i < more_than_twice_what_a_socket_holds; i++)
+        gorvaNet_sendReq_ntfyPrefixStatus(client, nullptr, nullptr, "eth0", &prefixes);
+    daemon.resume();
+    usleep(300000); // it empties the socket, while the queue in this process stays
+    daemon.suspend();
+    alarm(20);
+    EXPECT_EQ(gorvanet_dbus_remove_user(client), 0);
+    alarm(0);
+}
+
+TEST_F(DBusProcesses, DoNotWaitForABusThatDoesNotLetThemIn)
+{
+    daemon.suspend();
+    alarm(20);
+    EXPECT_EQ(gorvanet_dbus_add_user("client"), nullptr);
+    alarm(0);
+    EXPECT_EQ(only(GORVANET_DBUS_LOST).sender, "client");
+}
+
 // Removed by its own handler: the client is told, by the bus or by the host.
 TEST_F(DBusProcesses, LetAHandlerRemoveItsUser)
 {
