@@ -1,5 +1,6 @@
 #!/bin/bash
-# consumers.sh pkg-config|cmake TREE: builds programs of others with the installed library and runs them.
+# consumers.sh pkg-config|cmake|dbus TREE: builds programs of others with the installed library and runs them; those of
+# `dbus`, with the D-Bus host and in both ways.
 #
 # TREE is where tests/package and examples are. CC, CXX, CFLAGS and CXXFLAGS are heeded; where the library is not
 # installed where everybody looks, PKG_CONFIG_PATH, CMAKE_PREFIX_PATH and LD_LIBRARY_PATH say where it is. One line for
@@ -71,7 +72,9 @@ by_pkg_config() {
 
 build_project() {
     rm -rf build
-    cmake -S "$consumer" -B build "-DLANGUAGES=$1" "-DTREE=$tree" &&
+    local directory=$1
+    shift
+    cmake -S "$directory" -B build "-DTREE=$tree" "$@" &&
         cmake --build build && cmake -E chdir build ctest --output-on-failure
 }
 
@@ -86,16 +89,54 @@ PROJECT
     cmake -S version -B version/build
 }
 
+# find_component COMPONENT
+find_component() {
+    rm -rf component
+    mkdir component
+    cat >component/CMakeLists.txt <<PROJECT
+cmake_minimum_required(VERSION 3.16)
+project(component LANGUAGES CXX)
+find_package(gorvanet REQUIRED COMPONENTS $1)
+PROJECT
+    cmake -S component -B component/build
+}
+
 by_cmake() {
+    check "component testing" find_component testing
+    check "no component that there is not" refused find_component absent
     check "version $version" find_version "$version EXACT"
     check "no version of another major number" refused find_version $((${version%%.*} + 1))
-    check "a project in C" build_project C
-    check "a project in C and C++" build_project "C;CXX"
+    check "a project in C" build_project "$consumer" -DLANGUAGES=C
+    check "a project in C and C++" build_project "$consumer" "-DLANGUAGES=C;CXX"
+}
+
+# ---- The D-Bus host, by both ----------------------------------------------------------------------------------------
+
+# build_processes EXTENSION COMPILER...: service and client of the example as two processes, on a bus of their own.
+build_processes() {
+    local extension=$1 part flags libraries
+    shift
+    read -ra flags <<<"$(pkg-config --cflags gorvanet-dbus)"
+    read -ra libraries <<<"$(pkg-config --libs gorvanet-dbus)"
+    for part in service client; do
+        "$@" -Wall -Werror "${flags[@]}" "-I$examples/$extension" "$examples/$extension/$part.$extension" \
+            "$examples/dbus/${part}_process.$extension" "${libraries[@]}" -o $part || return
+    done
+    "$examples/dbus/run.sh" ./service ./client | diff - "$examples/expected.txt"
+}
+
+over_dbus() {
+    check "version $version" pkg-config --exact-version="$version" gorvanet-dbus
+    check "C by pkg-config" build_processes c "$CC" "${c_flags[@]}" -std=c99
+    check "C++ by pkg-config" build_processes cpp "$CXX" "${cxx_flags[@]}" -std=c++20
+    check "C by CMake" build_project "$tree/tests/package/dbus_consumer" -DLANGUAGE=C
+    check "C++ by CMake" build_project "$tree/tests/package/dbus_consumer" -DLANGUAGE=CXX
 }
 
 case $subject in
 pkg-config) by_pkg_config ;;
 cmake) by_cmake ;;
+dbus) over_dbus ;;
 *) exit 2 ;;
 esac
 [ "$failures" = 0 ]
