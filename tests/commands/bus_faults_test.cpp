@@ -21,7 +21,7 @@ protected:
     }
 
     // The body that was handed over is whole, and the library has nothing else; releases it.
-    void expect_only(void *body, const Bytes &image)
+    static void expect_only(void *body, const Bytes &image)
     {
         EXPECT_EQ(live_blocks(), std::vector<void *>{body});
         ASSERT_EQ(size_of_block(body), image.size());

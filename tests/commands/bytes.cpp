@@ -44,7 +44,7 @@ Bytes operator+(Bytes left, const Bytes &right)
 
 Bytes contents(const void *block, size_t size)
 {
-    auto *first = static_cast<const uint8_t *>(block);
+    const auto *first = static_cast<const uint8_t *>(block);
     return {first, first + size};
 }
 
@@ -83,7 +83,7 @@ Image &Image::text(size_t offset, std::string_view characters)
 
 Image &Image::record(size_t offset, const void *record, size_t size)
 {
-    auto *first = static_cast<const uint8_t *>(record);
+    const auto *first = static_cast<const uint8_t *>(record);
     std::copy(first, first + size, at(bytes, offset));
     return *this;
 }

@@ -33,7 +33,7 @@ protected:
     }
 
     // Takes the two calls of a request that was sent; gives the words of the second.
-    Words take_sent()
+    static Words take_sent()
     {
         Calls calls = take_calls();
         EXPECT_EQ(calls.size(), 2u);

@@ -19,7 +19,7 @@ protected:
         return *record().probe;
     }
 
-    bool request() const
+    static bool request()
     {
         return GetParam().type == GORVANET_BODY_REQUEST;
     }
@@ -56,7 +56,7 @@ protected:
                          : logged(3, name.c_str(), "pBodyReq(%p): On serialize failed(%d)\n", buffer, code);
     }
 
-    void set_flag(void *body, uint16_t flag)
+    static void set_flag(void *body, uint16_t flag)
     {
         *reinterpret_cast<uint16_t *>(static_cast<char *>(body) + 4) = flag;
     }

@@ -213,9 +213,9 @@ TEST_F(RegisterPrefixStatusTest, ANullPointerTravelsAs64ZeroBits)
 
 TEST_F(RegisterPrefixStatusTest, EveryBitOfAPointerSurvives)
 {
-    for (uint32_t bits : {0x1u, 0x80000000u, 0xffffffffu})
-        expect_decoded(with_wide(sample, wide_value, bits),
-                       Image(20).number(0, 0x20150227).number(8, 0x01020304).number(12, bits).number(16, 0x05060708));
+    for (uint32_t value : {0x1u, 0x80000000u, 0xffffffffu})
+        expect_decoded(with_wide(sample, wide_value, value),
+                       Image(20).number(0, 0x20150227).number(8, 0x01020304).number(12, value).number(16, 0x05060708));
 }
 
 } // namespace

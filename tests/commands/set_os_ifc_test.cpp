@@ -62,7 +62,7 @@ namespace {
 class SetOsIfcTest : public LibraryTest {
 protected:
     // A request with this name, sent and encoded.
-    Bytes encoded(const std::string &name)
+    static Bytes encoded(const std::string &name)
     {
         gorvaNet_sendReq_setOsIfc(user, nullptr, nullptr, nullptr, server, name.c_str());
         void *body = sent_body();

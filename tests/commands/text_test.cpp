@@ -47,7 +47,7 @@ protected:
         free(body);
     }
 
-    LogLine announcement(const char *name, const void *start, uint32_t tag)
+    static LogLine announcement(const char *name, const void *start, uint32_t tag)
     {
         return logged(3, name, "pBody(%p): Type(%d) -> Error Before\n", start, static_cast<int>(tag));
     }

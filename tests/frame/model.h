@@ -34,7 +34,7 @@ struct Model {
 
     // gorvaNet_cbEvtBase with event 0, with the same answers; and with any other event.
     Outcome event_0(uint32_t cmd_status, uint32_t ntfy_status);
-    Outcome other_event(int32_t event);
+    static Outcome other_event(int32_t event);
 
     // The middleware withdraws the interface that has this number.
     Outcome unreg_cmd(uint32_t number);

@@ -69,7 +69,7 @@ public:
 private:
     bool encode_field(const Field &field, const void *record, ExpectedLines &lines)
     {
-        auto *at = static_cast<const char *>(record) + field.offset;
+        const auto *at = static_cast<const char *>(record) + field.offset;
         switch (field.kind) {
         case Kind::u8:
             return encode_number(field.tag, *reinterpret_cast<const unsigned char *>(at));
@@ -310,7 +310,7 @@ void copy(const Layout &layout, void *destination, const void *source)
 {
     for (const Field &field : layout.fields) {
         auto *to = static_cast<char *>(destination) + field.offset;
-        auto *from = static_cast<const char *>(source) + field.offset;
+        const auto *from = static_cast<const char *>(source) + field.offset;
         uint32_t elements = field.kind == Kind::list ? used_elements(field, source) : field.kind == Kind::record;
         for (uint32_t i = 0; i < elements; i++)
             copy(*field.element, to + i * field.element->size, from + i * field.element->size);

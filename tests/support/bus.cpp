@@ -19,7 +19,7 @@ Bus &bus()
     return the_bus;
 }
 
-uintptr_t called(const char *function, Words words, uintptr_t (*usual)(const Words &) = nullptr)
+uintptr_t called(const char *function, const Words &words, uintptr_t (*usual)(const Words &) = nullptr)
 {
     bus().calls.push_back({function, words});
     auto answer = bus().answers.find(function);

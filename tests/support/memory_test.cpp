@@ -74,9 +74,9 @@ TEST_F(MemoryBooks, TheRestIsRefusedWhenAskedFor)
 TEST_F(MemoryBooks, AnyOfTheNextAreRefused)
 {
     refuse_allocations(0b1010);
-    std::vector<char *> blocks;
-    for (int i = 0; i < 6; i++)
-        blocks.push_back(allocated());
+    char *blocks[6];
+    for (char *&block : blocks)
+        block = allocated();
     EXPECT_EQ(allocations(), 6u);
     EXPECT_EQ(take_log().size(), 2u);
     for (size_t i = 0; i < 6; i++) {

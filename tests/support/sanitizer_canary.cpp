@@ -43,7 +43,7 @@ void write_behind_a_buffer()
 
 void read_behind_a_body()
 {
-    auto *body = static_cast<const unsigned char *>(sent_body());
+    const auto *body = static_cast<const unsigned char *>(sent_body());
     seen = static_cast<const volatile unsigned char *>(body)[size_of_block(body)];
 }
 
