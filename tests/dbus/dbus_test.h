@@ -35,7 +35,7 @@ public:
     // ---- In this process
 
     // Adds and attaches a user on a started interface.
-    void *join(const char *name);
+    static void *join(const char *name);
     uint32_t send_mtu(uint32_t mtu, const char *server = "service");
     uint32_t send_one_way(uint32_t value, const char *server = "service");
     // Turns until this is so, or ten seconds are over.

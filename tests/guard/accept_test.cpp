@@ -15,7 +15,7 @@ protected:
         void *buffer = nullptr;
         uint32_t size = 0;
         EXPECT_EQ(body.row().serializeBody(body.direction, image.data(), &buffer, &size), 0u);
-        auto *first = static_cast<const uint8_t *>(buffer);
+        const auto *first = static_cast<const uint8_t *>(buffer);
         Bytes encoded(first, first + size);
         free(buffer);
         EXPECT_EQ(encoded, model::encode(body, image));

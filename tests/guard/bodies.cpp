@@ -9,7 +9,6 @@ namespace model {
 
 namespace {
 
-using reference::Field;
 using reference::Layout;
 using enum reference::Kind;
 

@@ -51,7 +51,7 @@ bool GuardedBodyTest::decodes_as_said(std::span<const uint8_t> bytes, const mode
     EXPECT_EQ(take_log().empty(), status == 0 || expected.silent) << body.name;
     bool same = status == expected.status;
     if (decoded) {
-        auto *first = static_cast<const uint8_t *>(decoded);
+        const auto *first = static_cast<const uint8_t *>(decoded);
         same = same && status == 0 && Bytes(first, first + size) == expected.image;
         EXPECT_TRUE(same) << body.name << ": the decoded body is another one";
         free(decoded);

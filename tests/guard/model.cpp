@@ -130,7 +130,7 @@ private:
     // The NUL is followed by one to four zero bytes, so that the length is a multiple of 4.
     void text(uint32_t tag, const uint8_t *text)
     {
-        auto *end = static_cast<const uint8_t *>(memchr(text, 0, 256));
+        const auto *end = static_cast<const uint8_t *>(memchr(text, 0, 256));
         auto length = static_cast<uint32_t>(end - text);
         uint32_t zeros = 5 - (length + 1) % 4;
         word(tag);
@@ -183,12 +183,10 @@ public:
 private:
     bool record(const Layout &layout, uint8_t *record, uint32_t wide_tag = 0)
     {
-        for (const Field &each : layout.fields) {
+        return std::all_of(layout.fields.begin(), layout.fields.end(), [&](const Field &each) {
             bool is_wide = wide_tag && each.tag == wide_tag;
-            if (!(is_wide ? wide(each.tag, record + each.offset) : field(each, record)))
-                return false;
-        }
-        return true;
+            return is_wide ? wide(each.tag, record + each.offset) : field(each, record);
+        });
     }
 
     bool field(const Field &field, uint8_t *record)

@@ -2,6 +2,8 @@
 
 #include "loopback_test.h"
 
+#include <algorithm>
+
 namespace {
 
 class FailuresTest : public LoopbackTest {
@@ -11,7 +13,7 @@ protected:
         EXPECT_EQ(gorvanet_loopback_drop_failures(), 0u);
     }
 
-    void order(gorvanet_loopback_failure failure, uint32_t after = 0)
+    static void order(gorvanet_loopback_failure failure, uint32_t after = 0)
     {
         gorvanet_loopback_fail(failure, after, 55);
     }
@@ -34,10 +36,8 @@ protected:
 
     static bool logged(const std::string &part)
     {
-        for (const std::string &line : log_lines)
-            if (line.find(part) != std::string::npos)
-                return true;
-        return false;
+        return std::any_of(log_lines.begin(), log_lines.end(),
+                           [&](const std::string &line) { return line.find(part) != std::string::npos; });
     }
 
     void subscribe()

@@ -236,15 +236,16 @@ uint32_t LoopbackTest::send(const char *server, const char *ifName)
     return gorvaNet_sendReq_setOsIfc(client, callback, nullptr, this, server, ifName);
 }
 
-std::vector<gorvanet_loopback_kind> LoopbackTest::kinds() const
+std::vector<gorvanet_loopback_kind> LoopbackTest::kinds()
 {
     std::vector<gorvanet_loopback_kind> found;
+    found.reserve(seen.size());
     for (const Seen &event : seen)
         found.push_back(event.kind);
     return found;
 }
 
-uint32_t LoopbackTest::count(gorvanet_loopback_kind kind) const
+uint32_t LoopbackTest::count(gorvanet_loopback_kind kind)
 {
     uint32_t found = 0;
     for (const Seen &event : seen)
@@ -252,7 +253,7 @@ uint32_t LoopbackTest::count(gorvanet_loopback_kind kind) const
     return found;
 }
 
-Seen LoopbackTest::only(gorvanet_loopback_kind kind) const
+Seen LoopbackTest::only(gorvanet_loopback_kind kind)
 {
     EXPECT_EQ(count(kind), 1u);
     for (const Seen &event : seen)

@@ -50,10 +50,10 @@ public:
     void answer_deferred();
     uint32_t send(const char *server = "service", const char *ifName = "eth0");
 
-    std::vector<gorvanet_loopback_kind> kinds() const;
-    uint32_t count(gorvanet_loopback_kind kind) const;
+    static std::vector<gorvanet_loopback_kind> kinds();
+    static uint32_t count(gorvanet_loopback_kind kind);
     // The only event of this kind; a failure if there is another number of them.
-    Seen only(gorvanet_loopback_kind kind) const;
+    static Seen only(gorvanet_loopback_kind kind);
 
     // There is one misuse report, and it says this; then all that was seen is forgotten.
     void expect_misuse(const std::string &part) const;

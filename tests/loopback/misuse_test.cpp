@@ -6,13 +6,14 @@ namespace {
 
 class MisuseTest : public LoopbackTest {
 protected:
-    uint32_t send_raw(void *core_user, void *body, const char *server, uint32_t number, uint32_t method)
+    static uint32_t send_raw(void *core_user, void *body, const char *server, uint32_t number, uint32_t method)
     {
         return zebCore_sendMsgReq_toNameUser(core_user, body, nullptr, nullptr, nullptr, nullptr, server, number,
                                              method, any_number, send_options);
     }
 
-    int32_t accept(void *user, const char *name, gorvaNet_interface *cmd, gorvaNet_interface *ntfy, uint32_t method)
+    static int32_t accept(void *user, const char *name, gorvaNet_interface *cmd, gorvaNet_interface *ntfy,
+                          uint32_t method)
     {
         return zebIntf_modSrv_mthd(user, nullptr, nullptr, nullptr, 1, name, cmd, ntfy, method, any_number, any_number);
     }

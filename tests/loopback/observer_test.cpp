@@ -21,14 +21,14 @@ protected:
     }
 
     // What the action, called by the observer, writes to stderr while `run` runs.
-    std::string said_by(const std::function<void()> &run)
+    static std::string said_by(const std::function<void()> &run)
     {
         testing::internal::CaptureStderr();
         run();
         return testing::internal::GetCapturedStderr();
     }
 
-    std::string refusal(const std::string &function)
+    static std::string refusal(const std::string &function)
     {
         return "loopback: misuse: " + function + ": called from inside the observer\n";
     }
