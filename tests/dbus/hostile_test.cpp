@@ -361,7 +361,8 @@ TEST_F(DBusHostile, RandomBytesDoNotEndTheService)
             byte = static_cast<char>(random());
         if (random() % 2) {
             body = set_mtu_body(random(), random() % 9);
-            body[random() % body.size()] ^= static_cast<char>(1 << random() % 8);
+            char &byte = body[random() % body.size()];
+            byte = static_cast<char>(byte ^ 1 << random() % 8);
         }
         const gorvaNet_method &method = gorvaNet_base.cmdMethods[random() % 2 ? random() % GORVANET_COUNT_CMD : 6];
         std::string result = peer.ask(method.name, body, random() % 2 ? "/gorvanet/ask" : "/gorvanet/tell");

@@ -1,5 +1,6 @@
 #include "expected_lines.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <map>
 #include <ostream>
@@ -70,8 +71,6 @@ bool lines_ascend_in_each_function(const LogLines &lines)
     std::map<std::string, LogLines> by_function;
     for (const LogLine &line : lines)
         by_function[line.function].push_back(line);
-    for (const auto &entry : by_function)
-        if (!lines_ascend(entry.second))
-            return false;
-    return true;
+    return std::all_of(by_function.begin(), by_function.end(),
+                       [](const auto &entry) { return lines_ascend(entry.second); });
 }
