@@ -1,5 +1,7 @@
 #include "failures.h"
 
+#include "message.h"
+
 #include <vector>
 
 namespace host {
@@ -17,6 +19,12 @@ std::vector<Ordered> &all_ordered()
 {
     static auto &list = *new std::vector<Ordered>;
     return list;
+}
+
+// Changes the first byte, which is in the tag of the magic.
+void damage(const Bytes &bytes)
+{
+    *static_cast<uint8_t *>(bytes.data.get()) ^= 0xff;
 }
 
 } // namespace
@@ -44,6 +52,24 @@ std::optional<int32_t> ordered_failure(Failure failure)
     int32_t result = due->result;
     list.erase(due);
     return result;
+}
+
+bool fails(Message &message)
+{
+    bool forth = message.stage != Stage::answered;
+    if (ordered_failure(forth ? Failure::lose_request : Failure::lose_response)) {
+        end_undeliverable(message, forth ? GORVANET_BODY_REQUEST : GORVANET_BODY_RESPONSE, message.bytes,
+                          "lost, as ordered");
+        return true;
+    }
+    if (ordered_failure(forth ? Failure::damage_request : Failure::damage_response))
+        damage(message.bytes);
+    if (forth && !message.is_notification && ordered_failure(Failure::leave_unhandled)) {
+        report_status(message, answer_unhandled_message, "nobody handles the message, as ordered");
+        end_message(message.number);
+        return true;
+    }
+    return false;
 }
 
 uint32_t drop_failures()

@@ -1,4 +1,4 @@
-// Failures that a test has ordered. A host that offers none orders none.
+// Failures that a test has ordered.
 
 #ifndef GORVANET_HOSTS_FAILURES_H
 #define GORVANET_HOSTS_FAILURES_H
@@ -7,6 +7,8 @@
 #include <optional>
 
 namespace host {
+
+struct Message;
 
 // The hosts' headers say what each means; their failures have these numbers.
 enum class Failure {
@@ -29,6 +31,9 @@ void order_failure(Failure failure, uint32_t after, int32_t result);
 
 // Asked wherever one may have been ordered. Result: what the caller is to fail with; none: it goes well.
 std::optional<int32_t> ordered_failure(Failure failure);
+
+// Does to a message that is about to travel what was ordered for its kind. Result: whether it has ended.
+bool fails(Message &message);
 
 // Result: how many there were.
 uint32_t drop_failures();

@@ -37,6 +37,21 @@ struct Event {
 
 using Observer = void(const Event &event);
 
+// The event with the members, and the types, of a host's header.
+template <typename PublicEvent> PublicEvent as(const Event &event)
+{
+    return {.kind = static_cast<decltype(PublicEvent::kind)>(event.kind),
+            .message = event.message,
+            .method = event.method,
+            .sender = event.sender,
+            .receiver = event.receiver,
+            .direction = event.direction,
+            .bytes = event.bytes,
+            .size = event.size,
+            .status = event.status,
+            .text = event.text};
+}
+
 // Null: none, and failures, from Kind::status on, go to stderr.
 void set_observer(Observer *observer);
 

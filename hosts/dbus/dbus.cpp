@@ -4,6 +4,7 @@
 
 #include "arrival.h"
 #include "connection.h"
+#include "failures.h"
 #include "incoming.h"
 #include "life.h"
 #include "message.h"
@@ -22,6 +23,9 @@ static_assert(host::largest_body == GORVANET_DBUS_LARGEST_BODY);
 static_assert(static_cast<int>(host::Kind::sent) == GORVANET_DBUS_SENT);
 static_assert(static_cast<int>(host::Kind::misuse) == GORVANET_DBUS_MISUSE);
 static_assert(static_cast<int>(host::Kind::bus_back) == GORVANET_DBUS_BACK);
+static_assert(static_cast<int>(host::Failure::register_interface) == GORVANET_DBUS_FAIL_REGISTER);
+static_assert(static_cast<int>(host::Failure::send) == GORVANET_DBUS_FAIL_SEND);
+static_assert(static_cast<int>(host::Failure::leave_unhandled) == GORVANET_DBUS_LEAVE_UNHANDLED);
 
 namespace {
 
@@ -30,16 +34,7 @@ void *observer_data;
 
 void call_observer(const host::Event &event)
 {
-    gorvanet_dbus_event given = {.kind = static_cast<gorvanet_dbus_kind>(event.kind),
-                                 .message = event.message,
-                                 .method = event.method,
-                                 .sender = event.sender,
-                                 .receiver = event.receiver,
-                                 .direction = event.direction,
-                                 .bytes = event.bytes,
-                                 .size = event.size,
-                                 .status = event.status,
-                                 .text = event.text};
+    auto given = host::as<gorvanet_dbus_event>(event);
     current_observer(observer_data, &given);
 }
 
@@ -75,6 +70,16 @@ void gorvanet_dbus_observe(gorvanet_dbus_observer *observer, void *data)
     current_observer = observer;
     observer_data = data;
     host::set_observer(observer ? call_observer : nullptr);
+}
+
+void gorvanet_dbus_fail(gorvanet_dbus_failure failure, uint32_t after, int32_t result)
+{
+    host::order_failure(static_cast<host::Failure>(failure), after, result);
+}
+
+uint32_t gorvanet_dbus_drop_failures()
+{
+    return host::drop_failures();
 }
 
 void gorvanet_dbus_set_address(const char *address)

@@ -129,7 +129,7 @@ void gorvanet_dbus_stop(void);
 
 /* Ends everything: calls each event-loop hook with event 0, reports and releases the messages that are still
  * unanswered, leaves the bus with all users, and withdraws the interfaces that are still registered. The observer, the
- * address, the time-out and the check of senders stay.
+ * address, the time-out, the check of senders and the ordered failures stay.
  *
  * Result: 0; GORVANET_DBUS_BUSY when called from inside a turn: stop the run first. */
 int32_t gorvanet_dbus_tear_down(void);
@@ -145,6 +145,36 @@ int32_t gorvanet_dbus_withdraw(uint16_t number);
 /* Result: the number of messages that were sent and await a reply, are being handed over, or wait for an answer of this
  * process. */
 uint32_t gorvanet_dbus_open_messages(void);
+
+/* ---- Failures ---------------------------------------------------------------------------------------------------- */
+
+/* What a test may order to fail in this process, to see what is made of it. */
+enum gorvanet_dbus_failure {
+    /* A call of the bus by the library is refused, with the result that was ordered where it has one. */
+    GORVANET_DBUS_FAIL_REGISTER, /* of an interface, the command interface first; without a number */
+    GORVANET_DBUS_FAIL_RELEASE,  /* of an interface */
+    GORVANET_DBUS_FAIL_HOOK,     /* into the event loop */
+    GORVANET_DBUS_FAIL_ATTACH,   /* of a user to one interface */
+    GORVANET_DBUS_FAIL_DETACH,   /* of a user from one interface */
+    GORVANET_DBUS_FAIL_ACCEPT,   /* of a method, be it a command or a notification */
+    GORVANET_DBUS_FAIL_SEND,     /* of a request or notification; it is released, and the result is 0 */
+
+    /* A message that this process sends does not come through. A notification counts as a request. */
+    GORVANET_DBUS_LOSE_REQUEST,    /* not sent; reported as undeliverable */
+    GORVANET_DBUS_LOSE_RESPONSE,   /* not sent; reported as undeliverable, on the client's side too */
+    GORVANET_DBUS_DAMAGE_REQUEST,  /* its first byte is changed, so that the receiving host refuses it */
+    GORVANET_DBUS_DAMAGE_RESPONSE, /* its first byte is changed, so that the receiving host refuses it */
+    GORVANET_DBUS_LEAVE_UNHANDLED  /* a request is not sent but answered with status 20; not for a notification */
+};
+
+/* Orders a failure. It happens once: at the next occasion after `after` others. Of several that are due at the same
+ * occasion the one ordered first happens, the others stay due.
+ *
+ * result: what a refused call gives; not used by the other failures. */
+void gorvanet_dbus_fail(enum gorvanet_dbus_failure failure, uint32_t after, int32_t result);
+
+/* Takes back the failures that have not happened; a tear-down does not. Result: how many there were. */
+uint32_t gorvanet_dbus_drop_failures(void);
 
 /* ---- The observer ------------------------------------------------------------------------------------------------ */
 

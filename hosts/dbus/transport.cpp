@@ -4,6 +4,7 @@
 
 #include "arrival.h"
 #include "connection.h"
+#include "failures.h"
 #include "gorvanet_dbus.h"
 #include "incoming.h"
 #include "loop.h"
@@ -170,6 +171,8 @@ bool subscribe(const User &user, const Accepted &accepted, const char *)
 bool send(Message &message)
 {
     report_message(Kind::sent, GORVANET_BODY_REQUEST, message, message.bytes);
+    if (fails(message))
+        return true;
     int result = dbus::send(message);
     if (result < 0) {
         report_message(Kind::undeliverable, GORVANET_BODY_REQUEST, message, message.bytes, 0,
@@ -185,6 +188,8 @@ bool send(Message &message)
 bool respond(Message &message)
 {
     report_message(Kind::answered, GORVANET_BODY_RESPONSE, message, message.bytes);
+    if (fails(message))
+        return true;
     int result = dbus::reply(message);
     if (result == -EMSGSIZE)
         respond_nothing(message, 0, "the response is too long");

@@ -28,16 +28,7 @@ void *observer_data;
 
 void call_observer(const host::Event &event)
 {
-    gorvanet_loopback_event given = {.kind = static_cast<gorvanet_loopback_kind>(event.kind),
-                                     .message = event.message,
-                                     .method = event.method,
-                                     .sender = event.sender,
-                                     .receiver = event.receiver,
-                                     .direction = event.direction,
-                                     .bytes = event.bytes,
-                                     .size = event.size,
-                                     .status = event.status,
-                                     .text = event.text};
+    auto given = host::as<gorvanet_loopback_event>(event);
     current_observer(observer_data, &given);
 }
 

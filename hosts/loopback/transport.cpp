@@ -13,7 +13,6 @@ namespace loopback {
 
 namespace {
 
-using host::Failure;
 using host::Message;
 using host::User;
 
@@ -39,37 +38,12 @@ void notify_all(Message &message)
     host::end_message(number);
 }
 
-// Changes the first byte, which is in the tag of the magic.
-void damage(const host::Bytes &bytes)
-{
-    *static_cast<uint8_t *>(bytes.data.get()) ^= 0xff;
-}
-
-// Result: whether the message ends here, as a test has ordered.
-bool fails(Message &message)
-{
-    bool forth = message.stage != host::Stage::answered;
-    if (host::ordered_failure(forth ? Failure::lose_request : Failure::lose_response)) {
-        host::end_undeliverable(message, forth ? GORVANET_BODY_REQUEST : GORVANET_BODY_RESPONSE, message.bytes,
-                                "lost, as ordered");
-        return true;
-    }
-    if (host::ordered_failure(forth ? Failure::damage_request : Failure::damage_response))
-        damage(message.bytes);
-    if (forth && !message.is_notification && host::ordered_failure(Failure::leave_unhandled)) {
-        report_status(message, answer_unhandled_message, "nobody handles the message, as ordered");
-        host::end_message(message.number);
-        return true;
-    }
-    return false;
-}
-
 } // namespace
 
 void advance_message(uint32_t number)
 {
     Message *message = host::find_message(number);
-    if (!message || fails(*message))
+    if (!message || host::fails(*message))
         return;
     if (message->stage == host::Stage::answered)
         deliver_response(*message);
