@@ -54,6 +54,13 @@ std::optional<guard::Interface> guarded_interface(const Message &message)
     return {};
 }
 
+// A request that awaited the answer of a method without one would wait for it, here too, for as long as we live.
+bool has_response(const Message &message)
+{
+    std::optional<guard::Interface> interface = guarded_interface(message);
+    return interface && layouts::find_layout(*interface, message.method_index, layouts::response);
+}
+
 void release_copy(void *copy)
 {
     delete[] static_cast<uint8_t *>(copy);
@@ -87,6 +94,8 @@ void receive_request(const User &server, const Arrival &arrival, bool awaits_ans
     std::string problem = admit(message, GORVANET_BODY_REQUEST, arrival.bytes);
     if (!problem.empty())
         return end_undeliverable(message, GORVANET_BODY_REQUEST, {}, problem.c_str());
+    if (awaits_answer && !has_response(message))
+        return end_undeliverable(message, GORVANET_BODY_REQUEST, {}, "the method has no response");
     deliver_request(keep_message(std::move(message)));
 }
 

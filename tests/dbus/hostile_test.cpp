@@ -223,6 +223,20 @@ TEST_F(DBusHostile, OtherArgumentsMethodsAndObjectsAreRefused)
     expect_service();
 }
 
+// What a handler never answers would stay in the service for as long as the service lives.
+TEST_F(DBusHostile, NoAnswerIsAwaitedWhereThereIsNone)
+{
+    auto *handler = +[](void *, void *, uint32_t) {};
+    start_service([&](void *user) {
+        EXPECT_EQ(gorvaNet_modSrv_recvMsg_configureAllIPv6Intf(user, handler, nullptr, nullptr), 0);
+    });
+    RawPeer peer(daemon.address());
+    std::string body = set_mtu_body(1).replace(8, 4, "\x20\x16\x12\x09"); // of the same shape, but for its magic
+    EXPECT_EQ(peer.ask("ConfigureAllIPv6Intf", body), refused);
+    EXPECT_EQ(peer.ask("ConfigureAllIPv6Intf", body, "/gorvanet/tell"), "no body");
+    expect_service();
+}
+
 // 65536 bytes are taken, one more is not.
 TEST_F(DBusHostile, BodiesAreTakenUpToTheLimit)
 {
