@@ -125,8 +125,6 @@ int prepare(sd_bus *bus, uint32_t user)
         result = sd_bus_add_object(bus, nullptr, ask_path, on_ask, to_pointer(user));
     if (result >= 0)
         result = sd_bus_add_object(bus, nullptr, tell_path, on_tell, to_pointer(user));
-    if (result >= 0)
-        result = sd_bus_add_filter(bus, nullptr, on_message, to_pointer(user));
     return result;
 }
 
@@ -162,6 +160,9 @@ int start(Connection &connection, const std::string &name)
         result = sd_bus_request_name(connection.bus, bus_name_of(name).c_str(), 0);
     for (size_t i = 0; result >= 0 && i < connection.subscriptions.size(); i++)
         result = match(connection.bus, *connection.subscriptions[i]);
+    // Not before: a bus that does not let the user in is not lost.
+    if (result >= 0)
+        result = sd_bus_add_filter(connection.bus, nullptr, on_message, to_pointer(connection.user));
     if (result >= 0)
         result = sd_bus_attach_event(connection.bus, event_loop(), SD_EVENT_PRIORITY_NORMAL);
     return result;

@@ -18,7 +18,7 @@
  * - A request is a method call to that name: object /gorvanet/ask when its sender awaits an answer and /gorvanet/tell
  *   when not, interface "gorvanet.GorvaNetCmd", the method by its name, one argument of type ay, the encoded body. The
  *   reply carries the response's body in the same way; at /gorvanet/tell it is empty and comes when the handler
- *   has returned.
+ *   has returned. A method without a response is refused at /gorvanet/ask.
  * - A notification is a signal of the object /gorvanet/user/NAME, interface "gorvanet.GorvaNetNtfy". It is taken only
  *   from the owner of the name it was accepted from, and only as a broadcast.
  * - Status 20 is the error gorvanet.Error.Unhandled; gorvanet.Error.Refused says in its text why a request ends
@@ -38,9 +38,9 @@
  *
  * The loop is the thread's default event loop of sd-event(3): sd_event_default(3) gives it to whoever wants to add
  * sources of their own. One thread: everything is called on the thread that runs the loop. Out of memory ends the
- * process, and so does a handler or callback that throws. Calls to the bus itself (adding a user, accepting a
- * notification, the first request of an unknown sender) wait for its answer, each time for five seconds at most. A user
- * that leaves while the bus takes nothing waits a second; what it still had to send is lost.
+ * process, and so does a handler or callback that throws. Calls to the bus itself (adding a user, taking up a lost
+ * connection, accepting a notification, the first request of an unknown sender) wait for its answer, each time for five
+ * seconds at most. A user that leaves while the bus takes nothing waits a second; what it still had to send is lost.
  */
 #ifndef GORVANET_DBUS_H
 #define GORVANET_DBUS_H

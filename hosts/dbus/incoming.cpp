@@ -5,6 +5,8 @@
 #include "message.h"
 #include "names.h"
 
+#include <algorithm>
+#include <cstring>
 #include <optional>
 #include <span>
 #include <string>
@@ -119,6 +121,16 @@ int take_request(sd_bus_message *call, void *number, bool awaits_answer)
 
 // ---- Replies --------------------------------------------------------------------------------------------------------
 
+// Of an error's text, which is a peer's: enough for one line, and nothing that leaves it.
+std::string one_line(const char *text)
+{
+    constexpr size_t longest = 500;
+    std::string line(text, strnlen(text, longest));
+    auto is_control = [](unsigned char character) { return character < ' ' || character == 0x7f; };
+    std::replace_if(line.begin(), line.end(), is_control, '?');
+    return line;
+}
+
 // A reply that is an error: a status, or the end of the request.
 bool took_error(sd_bus_message *reply, uint32_t number)
 {
@@ -132,7 +144,7 @@ bool took_error(sd_bus_message *reply, uint32_t number)
         host::receive_failure(number, GORVANET_BODY_REQUEST, "there is no user of this name");
     } else {
         bool unanswered = sd_bus_error_has_name(error, SD_BUS_ERROR_NO_REPLY);
-        std::string reason = std::string(present(error->name)) + ": " + present(error->message);
+        std::string reason = std::string(present(error->name)) + ": " + one_line(present(error->message));
         host::receive_failure(number, unanswered ? GORVANET_BODY_RESPONSE : GORVANET_BODY_REQUEST, reason.c_str());
     }
     return true;

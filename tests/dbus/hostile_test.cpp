@@ -187,6 +187,20 @@ TEST_F(DBusPackagedPolicy, KeepsOthersOut)
     expect_service();
 }
 
+// A bus that lets nobody in says so to each that comes, by hanging up. That is reported once.
+class DBusShutBus : public DBusTest {
+protected:
+    DBusShutBus() : DBusTest(R"(<policy context="default"><deny user="*"/></policy>)")
+    {
+    }
+};
+
+TEST_F(DBusShutBus, IsReportedOnce)
+{
+    EXPECT_EQ(gorvanet_dbus_add_user("client"), nullptr);
+    EXPECT_EQ(only(GORVANET_DBUS_LOST).sender, "client");
+}
+
 // ---- What is sent ---------------------------------------------------------------------------------------------------
 
 TEST_F(DBusHostile, DamagedBodiesAreRefused)
@@ -302,6 +316,26 @@ TEST_F(DBusHostile, ResponsesAreCheckedToo)
     }));
     EXPECT_TRUE(results.empty());
     EXPECT_EQ(only(GORVANET_DBUS_UNDELIVERABLE).direction, GORVANET_BODY_RESPONSE);
+}
+
+// What an error says stays in its line, whatever a terminal or a reader of logs would make of it.
+TEST_F(DBusHostile, TextsOfErrorsStayInTheirLine)
+{
+    client = join("client");
+    auto *handler = +[](sd_bus_message *call, void *, sd_bus_error *) {
+        return sd_bus_reply_method_errorf(call, "a.b", "one\r\ndbus: \x1b[2J\x7f\tt\xc3\xa9%s",
+                                          std::string(1000, '.').c_str());
+    };
+    RawPeer liar(daemon.address());
+    ASSERT_GE(sd_bus_request_name(liar.bus(), "gorvanet.user.liar", 0), 0);
+    ASSERT_GE(sd_bus_add_object(liar.bus(), nullptr, "/gorvanet/ask", handler, nullptr), 0);
+    send_mtu(1400, "liar");
+    EXPECT_TRUE(turn_until([&] {
+        sd_bus_process(liar.bus(), nullptr);
+        return gorvanet_dbus_open_messages() == 0;
+    }));
+    // 500 bytes of the text: 20, and full stops.
+    EXPECT_EQ(only(GORVANET_DBUS_UNDELIVERABLE).text, "a.b: one??dbus: ?[2J??t\xc3\xa9" + std::string(480, '.'));
 }
 
 // ---- Notifications of others ----------------------------------------------------------------------------------------
