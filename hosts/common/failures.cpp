@@ -24,7 +24,8 @@ std::vector<Ordered> &all_ordered()
 // Changes the first byte, which is in the tag of the magic.
 void damage(const Bytes &bytes)
 {
-    *static_cast<uint8_t *>(bytes.data.get()) ^= 0xff;
+    auto *first = static_cast<uint8_t *>(bytes.data.get());
+    *first = static_cast<uint8_t>(~*first); // GCC 12 drops `*first ^= 0xff` when it checks for null
 }
 
 } // namespace
