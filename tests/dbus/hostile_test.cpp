@@ -42,6 +42,19 @@ protected:
         EXPECT_EQ(results, std::vector<uint32_t>{1401});
     }
 
+    // A client asks a service that answers with this handler, and its request comes to an end.
+    void ask_liar(sd_bus_message_handler_t handler)
+    {
+        RawPeer liar(daemon.address());
+        ASSERT_GE(sd_bus_request_name(liar.bus(), "gorvanet.user.liar", 0), 0);
+        ASSERT_GE(sd_bus_add_object(liar.bus(), nullptr, "/gorvanet/ask", handler, nullptr), 0);
+        send_mtu(1400, "liar");
+        EXPECT_TRUE(turn_until([&] {
+            sd_bus_process(liar.bus(), nullptr);
+            return gorvanet_dbus_open_messages() == 0;
+        }));
+    }
+
     std::unique_ptr<Process> service;
 };
 
@@ -306,14 +319,7 @@ TEST_F(DBusHostile, ResponsesAreCheckedToo)
         sd_bus_message_unref(reply);
         return result;
     };
-    RawPeer liar(daemon.address());
-    ASSERT_GE(sd_bus_request_name(liar.bus(), "gorvanet.user.liar", 0), 0);
-    ASSERT_GE(sd_bus_add_object(liar.bus(), nullptr, "/gorvanet/ask", handler, nullptr), 0);
-    send_mtu(1400, "liar");
-    EXPECT_TRUE(turn_until([&] {
-        sd_bus_process(liar.bus(), nullptr);
-        return gorvanet_dbus_open_messages() == 0;
-    }));
+    ask_liar(handler);
     EXPECT_TRUE(results.empty());
     EXPECT_EQ(only(GORVANET_DBUS_UNDELIVERABLE).direction, GORVANET_BODY_RESPONSE);
 }
@@ -326,14 +332,7 @@ TEST_F(DBusHostile, TextsOfErrorsStayInTheirLine)
         return sd_bus_reply_method_errorf(call, "a.b", "one\r\ndbus: \x1b[2J\x7f\tt\xc3\xa9%s",
                                           std::string(1000, '.').c_str());
     };
-    RawPeer liar(daemon.address());
-    ASSERT_GE(sd_bus_request_name(liar.bus(), "gorvanet.user.liar", 0), 0);
-    ASSERT_GE(sd_bus_add_object(liar.bus(), nullptr, "/gorvanet/ask", handler, nullptr), 0);
-    send_mtu(1400, "liar");
-    EXPECT_TRUE(turn_until([&] {
-        sd_bus_process(liar.bus(), nullptr);
-        return gorvanet_dbus_open_messages() == 0;
-    }));
+    ask_liar(handler);
     // 500 bytes of the text: 20, and full stops.
     EXPECT_EQ(only(GORVANET_DBUS_UNDELIVERABLE).text, "a.b: one??dbus: ?[2J??t\xc3\xa9" + std::string(480, '.'));
 }
