@@ -127,7 +127,7 @@ struct gorvanet_testing_line {
 /* The line number `index` of this test, from 0; valid until the next test begins. Null when there is none. */
 const struct gorvanet_testing_line *gorvanet_testing_log(uint32_t index);
 
-/* Result: how many lines of this test contain `part`; all of them contain "". */
+/* Result: how many lines of this test contain `part`; all of them contain "", and none a null pointer. */
 uint32_t gorvanet_testing_logged(const char *part);
 
 #ifdef __cplusplus

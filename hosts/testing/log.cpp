@@ -47,6 +47,8 @@ const gorvanet_testing_line *gorvanet_testing_log(uint32_t index)
 
 uint32_t gorvanet_testing_logged(const char *part)
 {
+    if (!part)
+        return 0;
     uint32_t count = 0;
     for (const Line &line : lines())
         count += line.text.find(part) != std::string::npos;

@@ -402,6 +402,7 @@ TEST_F(TestingTest, LinesAreCapturedWhicheverWayTheyCome)
     EXPECT_EQ(gorvanet_testing_logged(""), 4u);
     EXPECT_EQ(gorvanet_testing_logged("4"), 1u);
     EXPECT_EQ(gorvanet_testing_logged("line 5"), 0u);
+    EXPECT_EQ(gorvanet_testing_logged(nullptr), 0u);
 }
 
 TEST_F(TestingTest, TheLibraryLogsHere)
