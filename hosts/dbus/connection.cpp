@@ -211,13 +211,6 @@ void close_connection(uint32_t user)
     connections().erase(found);
 }
 
-void close_all_connections()
-{
-    for (auto &[number, connection] : connections())
-        end(connection);
-    connections().clear();
-}
-
 Connection *find_connection(uint32_t user)
 {
     auto found = connections().find(user);

@@ -33,7 +33,6 @@ struct Connection {
 // Connects a user and takes its name. Result: 0 or a negative error number.
 int open_connection(const host::User &user);
 void close_connection(uint32_t user);
-void close_all_connections();
 Connection *find_connection(uint32_t user);
 
 // Result: 0 or a negative error number.

@@ -1,9 +1,6 @@
 #include "names.h"
 
-#include <cstdlib>
-#include <new>
 #include <string_view>
-#include <systemd/sd-bus.h>
 
 namespace dbus {
 
@@ -52,19 +49,6 @@ std::string path_of(const std::string &user)
 std::string bus_name_of(const std::string &user)
 {
     return prefixed(users_prefix, user);
-}
-
-bool user_of(const std::string &bus_name, std::string &user)
-{
-    if (!bus_name.starts_with(users_prefix))
-        return false;
-    std::string path = std::string(users_path) + bus_name.substr(users_prefix.size());
-    char *name = nullptr;
-    if (sd_bus_path_decode(path.c_str(), "/gorvanet/user", &name) <= 0)
-        return false;
-    user = name;
-    free(name);
-    return true;
 }
 
 std::string bus_interface(const std::string &interface)

@@ -17,9 +17,6 @@ constexpr size_t longest_bus_name = 255;
 // The bus name of a user. Longer than any bus may be, if the user's name is.
 std::string bus_name_of(const std::string &user);
 
-// The name of the user with this bus name; false when it is no user's.
-bool user_of(const std::string &bus_name, std::string &user);
-
 // The object that a user's notifications come from.
 std::string path_of(const std::string &user);
 

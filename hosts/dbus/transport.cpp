@@ -215,7 +215,6 @@ void confirm(Message &message)
 
 void tear_down()
 {
-    dbus::close_all_connections();
     dbus::drop_event_loop();
 }
 
