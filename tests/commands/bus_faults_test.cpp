@@ -73,19 +73,6 @@ TEST_P(BusFaultsTest, WhenTheMethodIsAccepted)
     }
 }
 
-TEST_P(BusFaultsTest, WhenNobodyHandlesARequest)
-{
-    auto *receive = exported<gorvaNet_recvReq>("gorvaNet_recvReq_" + method().send_suffix);
-    for (uintptr_t result : answers) {
-        answer("zebCore_sendMsgRes", result);
-        Bytes body = method().request.image;
-        receive(message, body.data(), nullptr, data);
-        EXPECT_EQ(take_calls(), (Calls{{"zebCore_sendMsgRes", {word(message), word(body.data()), 20, 18}}}));
-        EXPECT_EQ(body, method().request.image);
-        EXPECT_EQ(take_freed().size(), 0u);
-    }
-}
-
 INSTANTIATE_TEST_SUITE_P(Commands, BusFaultsTest, testing::ValuesIn(methods()), name_of_method);
 
 class AnswerFaultsTest : public BusFaultsTest {};

@@ -2,8 +2,9 @@
 // given all the same it treats as the model says.
 
 #include "guard/body_test.h"
+#include "support/long_form.h"
 
-#include <iostream>
+#include <string>
 
 namespace {
 
@@ -17,11 +18,12 @@ protected:
         return guarded(bytes) && direct(bytes) && !HasFailure();
     }
 
-    void tell(const char *damage)
+    void tell(const char *damage) const
     {
-        std::cout << body.name << ", " << damage << ": " << taken << " taken and " << refused
-                  << " refused by the guard; without it " << skipped << " of " << taken + refused
-                  << " skipped, which lead out of the arena\n";
+        add_to_figure(std::string(damage) + ": taken by the guard", taken);
+        add_to_figure(std::string(damage) + ": refused by the guard", refused);
+        add_to_figure(std::string(damage) + ": not decoded without the guard, since they lead out of the arena",
+                      skipped);
     }
 };
 
@@ -71,7 +73,7 @@ TEST_P(CorruptionTest, OfEveryBit)
     }
     EXPECT_GE(refused, 8u * 20) << "tags, lengths and magic are in the prologue already";
     EXPECT_GE(taken, 16u) << "the high half of the version";
-    tell("every bit");
+    tell("bodies with every bit changed");
 }
 
 TEST_P(CorruptionTest, ByTruncation)
@@ -79,7 +81,7 @@ TEST_P(CorruptionTest, ByTruncation)
     for (size_t size = 0; size < golden.size(); size++)
         ASSERT_TRUE(both({golden.begin(), golden.begin() + static_cast<ptrdiff_t>(size)})) << size << " bytes";
     EXPECT_EQ(taken, 0u);
-    tell("every truncation");
+    tell("bodies cut off everywhere");
 }
 
 TEST_P(CorruptionTest, OfEveryLength)
@@ -90,7 +92,7 @@ TEST_P(CorruptionTest, OfEveryLength)
                  {0u, 1u, 3u, 5u, item.capacity - 1, item.capacity, item.capacity + 1, 0x80000000u, 0xfffffff8u})
                 ASSERT_TRUE(both(with_word(golden, item.offset + half, value)))
                     << "item at " << item.offset << ", word " << half << " is " << value;
-    tell("every length");
+    tell("bodies with other lengths");
 }
 
 // The longest text is taken; one character more is not, by either.
