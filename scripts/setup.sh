@@ -17,6 +17,11 @@ have() {
     command -v "$1" >/dev/null 2>&1
 }
 
+# Is the package installed?
+installed() {
+    dpkg-query -W -f '${db:Status-Status}\n' "$1" 2>/dev/null | grep -qx installed
+}
+
 # Can the C++ compiler build a program for i386?
 have_i386() {
     have "$1" && echo '#include <cstdlib>
@@ -62,6 +67,9 @@ missing_packages() {
             missing_packages clang
             have cppcheck || echo cppcheck
             have scan-build || echo clang-tools
+            have valgrind || echo valgrind
+            # Without these valgrind does not start a 32-bit program.
+            installed libc6-dbg:i386 || echo libc6-dbg:i386
             ;;
         mcdc)
             have clang-19 || echo clang-19
@@ -132,4 +140,15 @@ setup() {
     fi
     # shellcheck disable=SC2086
     $root env DEBIAN_FRONTEND=noninteractive apt-get install -qq -y --no-install-recommends $packages >/dev/null
+}
+
+# run_suite PRESET CTEST-ARGUMENT...: runs the tests of a preset; the last line is their figure.
+run_suite() {
+    local results tests skipped
+    results=$(mktemp)
+    ctest --preset "$1" -j "$(nproc)" --output-junit "$results" "${@:2}"
+    tests=$(sed -n 's/^\ttests="\([0-9]*\)"$/\1/p' "$results")
+    skipped=$(sed -n 's/^\tskipped="\([0-9]*\)"$/\1/p' "$results")
+    rm "$results"
+    echo "$((tests - skipped)) tests pass, $skipped skipped"
 }
