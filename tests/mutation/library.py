@@ -104,5 +104,5 @@ class Library:
 
     def optimised(self, path: pathlib.Path, text: str, directory: pathlib.Path) -> bytes:
         target = self.translate(path, text, "-O2", directory)
-        subprocess.run(["strip", target], check=True)
+        subprocess.run(["strip", "--strip-unneeded", target], check=True)
         return target.read_bytes()
